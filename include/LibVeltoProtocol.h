@@ -1,0 +1,14 @@
+/**
+ * @file
+ * The whole of veltoprotocol: every function and record of the command protocol between a video
+ * surveillance client and a management server, for both ends.
+ *
+ * Include this, or only the subsystem header that you need: each compiles alone, as C++11 and later.
+ */
+#ifndef LIB_VELTO_PROTOCOL_H
+#define LIB_VELTO_PROTOCOL_H
+
+#include "veltoprotocol/admin.h"
+#include "veltoprotocol/framing.h"
+
+#endif

@@ -1,0 +1,143 @@
+// One description per record: a list of its members with the names that carry them, in wire order.
+//
+// The list serves both directions. Whatever a record does irregularly (a narrower capacity, a field that is
+// only read, another wire form) stands in its list; a member whose type has no wire form does not compile.
+#pragma once
+
+#include "framing/shown.h"
+#include "veltoprotocol/framing.h"
+
+#include <tuple>
+
+namespace veltoprotocol {
+
+// The wire form of a member that is shown as it is.
+struct AsDeclared {
+    template <class Member>
+    static const Member& onWire(const Member& value) {
+        return value;
+    }
+};
+
+// Written in signed decimal, read back unsigned.
+struct Signed {
+    static int onWire(unsigned int value) { return static_cast<int>(value); }
+};
+
+template <class Owner, class Type, std::size_t N, class Form = AsDeclared>
+struct Field {
+    using Member = Type;
+
+    const char (&name)[N]; // as the peer spells it, misspellings included
+    Member Owner::*member;
+    int capacity = sizeof(Member);    // longest text that a reader takes
+    const char* label = nullptr;      // in diagnostics, where it is not the list's
+    bool written = true, read = true; // most are both
+
+    // A reader takes at most so many bytes, although the field is wider.
+    constexpr Field upTo(int bytes) const {
+        static_assert(std::is_array_v<Member>, "only a text has a capacity");
+        return {name,  member,  bytes <= capacity ? bytes : throw "wider than the member",
+                label, written, read};
+    }
+    constexpr Field labelled(const char* other) const {
+        return {name, member, capacity, other, written, read};
+    }
+    constexpr Field writeOnly() const { return {name, member, capacity, label, written, false}; }
+    constexpr Field readOnly() const { return {name, member, capacity, label, false, read}; }
+    template <class Other>
+    constexpr Field<Owner, Type, N, Other> as() const {
+        return {name, member, capacity, label, written, read};
+    }
+
+    constexpr decltype(auto) onWire(const Owner& record) const { return Form::onWire(record.*member); }
+};
+
+template <std::size_t N, class Owner, class Member>
+constexpr Field<Owner, Member, N> field(const char (&name)[N], Member Owner::*member) {
+    return {name, member};
+}
+
+enum class Carried { byAttributes, byElements };
+
+// The fields of one record, to be written.
+template <class List, class Record>
+struct Bound {
+    const List& list;
+    const Record& record;
+};
+
+template <Carried How, class Owner, class... Items>
+struct Fields {
+    using Record = Owner;
+    static constexpr Carried carried = How;
+
+    const char* label; // in diagnostics; as a rule the name of the element that carries the fields
+    std::tuple<Items...> items;
+
+    template <class Visit>
+    constexpr void each(Visit&& visit) const {
+        std::apply([&](const auto&... item) { (visit(item), ...); }, items);
+    }
+    constexpr Bound<Fields, Owner> operator()(const Owner& record) const { return {*this, record}; }
+    constexpr Fields labelled(const char* other) const { return {other, items}; }
+};
+
+template <class Owner, class... Members, std::size_t... N, class... Forms>
+constexpr Fields<Carried::byAttributes, Owner, Field<Owner, Members, N, Forms>...>
+attributes(const char* label, const Field<Owner, Members, N, Forms>&... items) {
+    return {label, {items...}};
+}
+
+template <class Owner, class... Members, std::size_t... N, class... Forms>
+constexpr Fields<Carried::byElements, Owner, Field<Owner, Members, N, Forms>...>
+elements(const char* label, const Field<Owner, Members, N, Forms>&... items) {
+    return {label, {items...}};
+}
+
+// Codes go to the caller only where it gave a place for them.
+inline void report(int* error, int code) {
+    if (error) *error = code;
+}
+
+// Reads one member through the public value readers, so that their conversions, capacities and diagnostics
+// are the only ones there are. What is missing or too long leaves the member as it was.
+template <Carried How, class Item, class Member>
+void readValue(TiXmlElement* element, const Item& item, const char* label, Member& value) {
+    constexpr bool attribute = How == Carried::byAttributes;
+    if constexpr (std::is_array_v<Member>) {
+        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name, value, item.capacity);
+    } else if constexpr (std::is_same_v<Member, bool>) {
+        (attribute ? GetBoolValueAtt : GetBoolValue)(element, label, item.name, &value);
+    } else if constexpr (std::is_same_v<Member, unsigned int> && attribute) {
+        GetUIntValueAtt(element, label, item.name, &value);
+    } else if constexpr (std::is_same_v<Member, unsigned int>) {
+        unsigned long wide = value;
+        GetUIntValue(element, label, item.name, &wide);
+        value = static_cast<unsigned int>(wide);
+    } else {
+        int number = static_cast<int>(value);
+        (attribute ? GetIntValueAtt : GetIntValue)(element, label, item.name, &number);
+        value = static_cast<Member>(number);
+    }
+}
+
+template <class List>
+void readFields(TiXmlElement* element, const List& list, typename List::Record& record) {
+    list.each([&](const auto& item) {
+        if (item.read)
+            readValue<List::carried>(element, item, item.label ? item.label : list.label,
+                                     record.*item.member);
+    });
+}
+
+// The whole of a simple record decoder: error -1 only for a null element.
+template <class List>
+typename List::Record readRecord(TiXmlElement* element, const List& list, int* error) {
+    report(error, element ? 0 : -1);
+    typename List::Record record = typename List::Record();
+    if (element) readFields(element, list, record);
+    return record;
+}
+
+} // namespace veltoprotocol

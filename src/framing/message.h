@@ -1,0 +1,98 @@
+// Encoders read as their message: guard, tree, and who it goes to.
+//
+//     const auto tree = [&](auto x) { x.value("ChannelGuid", channelGuid); };
+//     return Request("ManualRecord", seqnum, Token{token}).post(commandPath, host, tree, out, size);
+//
+// The tree is run twice, once to count and once to write straight into the caller's buffer. Arguments are
+// therefore read twice: a caller may share them between threads, but not change them during the call.
+#pragma once
+
+#include "framing/element.h"
+#include "framing/http_assembly.h"
+
+#ifdef VELTO_THROUGH_TREE
+#include "framing/tree.h"
+#endif
+
+namespace veltoprotocol {
+
+// A tree, reduced to one function for each pass over it, so that the envelope is compiled once for all
+// messages.
+template <class X>
+struct Pass {
+    const void* tree;
+    void (*run)(const void*, X);
+    void operator()(X x) const { run(tree, x); }
+};
+template <class... X>
+struct Passes : Pass<X>... {
+    template <class Tree>
+    explicit Passes(const Tree& body)
+        : Pass<X>{&body, [](const void* t, X x) { (*static_cast<const Tree*>(t))(x); }}... {}
+    using Pass<X>::operator()...;
+};
+
+#ifdef VELTO_THROUGH_TREE
+using Body = Passes<TreeElement>;
+#else
+using Body = Passes<Element<Count, 2>, Element<Write, 2>>;
+#endif
+
+// The session token of a request; a null text is an empty Token element.
+struct Token {
+    Text text;
+};
+
+struct Envelope {
+    Text name;
+    unsigned int seqnum;
+    bool request;
+    bool carriesToken;
+    Token token;
+};
+
+// The caller-buffer rule for every XML message; neither allocates nor writes unless all of it fits.
+int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size);
+
+class Request {
+  public:
+    Request(Text name, unsigned int seqnum) : envelope_{name, seqnum, true, false, {}} {}
+    Request(Text name, unsigned int seqnum, Token token) : envelope_{name, seqnum, true, true, token} {}
+
+    template <class Tree>
+    int post(Text path, Text host, const Tree& tree, char* out, int size, Text connection = keepAlive) const {
+        return post(Head::request(path, host, connection), tree, out, size);
+    }
+    template <class Tree>
+    int post(const Head& head, const Tree& tree, char* out, int size) const {
+        return send(envelope_, head, Body(tree), out, size);
+    }
+
+  private:
+    Envelope envelope_;
+};
+
+class Response {
+  public:
+    Response(Text name, unsigned int seqnum) : envelope_{name, seqnum, false, false, {}} {}
+
+    template <class Tree>
+    int reply(const Tree& tree, char* out, int size, Text connection = keepAlive) const {
+        return reply(Head::response(connection), tree, out, size);
+    }
+    template <class Tree>
+    int reply(const Head& head, const Tree& tree, char* out, int size) const {
+        return send(envelope_, head, Body(tree), out, size);
+    }
+
+  private:
+    Envelope envelope_;
+};
+
+// A command element without parameters.
+struct Empty {
+    template <class X>
+    void operator()(X) const {}
+};
+
+} // namespace veltoprotocol

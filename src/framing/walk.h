@@ -1,0 +1,46 @@
+// The way down a received document, one child at a time.
+//
+// Each step says what its absence means: required() prints a line and sets the error, expected() only
+// prints, optional() is silent. After a failed step the rest of the way is silent.
+#pragma once
+
+#include "framing/diagnostics.h"
+#include "framing/fields.h"
+
+#include <tinyxml.h>
+
+namespace veltoprotocol {
+
+class Walk {
+  public:
+    // Sets the error to 0, or to -1 without a line if there is no document.
+    Walk(TiXmlDocument* doc, int* error) : node_(doc), error_(error) { report(error, doc ? 0 : -1); }
+
+    explicit operator bool() const { return node_ != nullptr; }
+    TiXmlElement* element() const { return node_ ? node_->ToElement() : nullptr; }
+
+    Walk required(const char* name) const { return step(name, true, -1); }
+    Walk expected(const char* name) const { return step(name, true, 0); }
+    Walk optional(const char* name) const { return step(name, false, 0); }
+
+  private:
+    static constexpr std::size_t deepest = 6;
+
+    Walk step(const char* name, bool print, int code) const {
+        Walk next = *this;
+        if (!node_) return next;
+        next.names_[next.depth_++] = name;
+        next.node_ = name ? node_->FirstChildElement(name) : nullptr;
+        if (next.node_) return next;
+        if (print) missingPath(next.names_, next.depth_);
+        if (code != 0) report(error_, code);
+        return next;
+    }
+
+    TiXmlNode* node_;
+    int* error_;
+    const char* names_[deepest] = {};
+    std::size_t depth_ = 0;
+};
+
+} // namespace veltoprotocol
