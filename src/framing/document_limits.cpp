@@ -1,9 +1,9 @@
-// Runs over a text exactly as the XML library's parser would, without building anything.
+// Runs over a text as the XML library's parser would, without building anything.
 //
 // The limits are only safe if both agree on where a tag, a comment or a CDATA section ends, so each function
-// here follows its counterpart in the parser to the letter, errors included: where the parser gives up, the
-// scan ends and nothing was exceeded. Null stands for "the parser gives up here" and is passed on by every
-// function. What the parser does with names, entities and blanks is kept although XML says otherwise.
+// here comes to the same end as its counterpart in the parser, errors included: where the parser gives up,
+// the scan ends and nothing was exceeded. Null stands for "the parser gives up here" and is passed on by
+// every function. What the parser does with names, entities and blanks is kept although XML says otherwise.
 #include "framing/document_limits.h"
 
 #include "framing/text.h"
@@ -53,7 +53,7 @@ const char* nameEnd(const char* at) {
 const char* characterReferenceEnd(const char* at) {
     const bool hexadecimal = at[2] == 'x';
     const char* const digits = at + (hexadecimal ? 3 : 2);
-    const char* const semicolon = *digits != '\0' ? std::strchr(digits, ';') : nullptr;
+    const char* const semicolon = std::strchr(digits, ';');
     if (!semicolon) return nullptr;
     for (const char* digit = semicolon - 1; *digit != (hexadecimal ? 'x' : '#'); --digit) {
         const auto byte = static_cast<unsigned char>(*digit);
@@ -111,13 +111,13 @@ class Scan {
     const char* skipCharacter(const char* at) const {
         const auto byte = static_cast<unsigned char>(*at);
         if (utf8_ && byte >= 0xC2 && byte <= 0xF4) return at + (byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4);
-        return at[0] == '&' && at[1] == '#' && at[2] != '\0' ? characterReferenceEnd(at) : at + 1;
+        return at[0] == '&' && at[1] == '#' ? characterReferenceEnd(at) : at + 1;
     }
 
-    // At the next `mark` in running text, or null if the text ends first or right behind the mark.
+    // At the next `mark` in running text, or null if the text ends first.
     const char* textUpTo(const char* at, char mark) const {
         while (at && *at != '\0' && *at != mark) at = skipCharacter(at);
-        return at && *at != '\0' && at[1] != '\0' ? at : nullptr;
+        return at && *at != '\0' ? at : nullptr;
     }
 
     const char* attributeValue(const char* at) const {
@@ -157,19 +157,13 @@ class Scan {
         return nullptr;
     }
 
-    const char* cdata(const char* at) const {
-        const char* const end = behind(at + 9, "]]>");
-        return end && *end != '\0' ? end : nullptr; // kept: nothing may end with a CDATA section
-    }
-
-    // A node at "<" that is no element; null in `at` for one that is.
-    bool isElement(const char* at) const {
-        return !beginsInAnyCase(at, "<?xml") && at[1] != '!' && startsName(at[1]);
-    }
+    // Of a node at "<".
+    static bool isElement(const char* at) { return startsName(at[1]); }
+    // Behind a node that is no element.
     const char* otherNode(const char* at) const {
         if (beginsInAnyCase(at, "<?xml")) return declaration(at);
         if (begins(at, "<!--")) return behind(at + 4, "-->");
-        if (begins(at, "<![CDATA[")) return cdata(at);
+        if (begins(at, "<![CDATA[")) return behind(at + 9, "]]>");
         return behind(at + 1, ">");
     }
 
@@ -222,8 +216,6 @@ class Scan {
         if (!isElement(at)) return otherNode(at);
         at = startTag(at);
         while (at && level_ > 0) {
-            at = skipBlanks(at);
-            if (!at || *at == '\0') return nullptr;
             if (*at != '<')
                 at = textUpTo(at, '<');
             else if (at[1] == '/')

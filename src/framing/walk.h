@@ -9,6 +9,8 @@
 
 #include <tinyxml.h>
 
+#include <cassert>
+
 namespace veltoprotocol {
 
 class Walk {
@@ -24,11 +26,12 @@ class Walk {
     Walk optional(const char* name) const { return step(name, false, 0); }
 
   private:
-    static constexpr std::size_t deepest = 6;
+    static constexpr std::size_t deepest = 6; // the longest way of the protocol has four steps
 
     Walk step(const char* name, bool print, int code) const {
         Walk next = *this;
         if (!node_) return next;
+        assert(depth_ < deepest);
         next.names_[next.depth_++] = name;
         next.node_ = name ? node_->FirstChildElement(name) : nullptr;
         if (next.node_) return next;

@@ -1,0 +1,18 @@
+// Messages typed as the text they are.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+// Ends the head's lines in CR LF and fills "{}" in the head with the length of the body.
+inline std::string wire(const std::string& text) {
+    const std::size_t blank = text.find("\n\n");
+    if (blank == std::string::npos) throw std::invalid_argument("a message has a blank line behind its head");
+    const std::string body = text.substr(blank + 2);
+    std::string head;
+    for (const char c : text.substr(0, blank + 2))
+        head += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    const std::size_t length = head.find("{}");
+    if (length == std::string::npos) throw std::invalid_argument("a head has {} for its length");
+    return head.replace(length, 2, std::to_string(body.size())) + body;
+}
