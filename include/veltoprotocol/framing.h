@@ -339,8 +339,9 @@ VELTOPROTOCOL_API int GetHttpLength(const char* buf, int len);
 /**
  * Reads the content length: all digits (at most 16) from the header name Content-Length to the line's end.
  *
- * The name may be written in any case except for its "e", which must be lower-case; without it, the last 13
- * bytes of the buffer are scanned.
+ * The name may be written in any case except for its first "e", which must be lower-case; without it, the
+ * last 13 bytes of the buffer are scanned, up to a line end among them. It is looked for in all of the
+ * buffer, so a receiver that wants only the head to count passes the head alone.
  * @return The length; -1 if there is no digit or the value is above INT_MAX.
  */
 VELTOPROTOCOL_API int GetContentLen(const char* buf, int len);
@@ -360,18 +361,27 @@ VELTOPROTOCOL_API std::string GetUri(const char* buf, int len);
 /** The status code of a response: the atoi value of GetHttpFirstValue. */
 VELTOPROTOCOL_API int GetHttpStatus(const char* buf, int len);
 
-/** @return Value of the Content-Type header; empty if there is no whole head or no such header. */
+/**
+ * Reads the value of the Content-Type header: what begins two bytes behind the name, up to the line's end.
+ *
+ * The name may be written in any case except for its first "e", which must be lower-case. A head that begins
+ * with the name gives its whole first line, and so does one that is shorter than the name.
+ * @return The value; empty if there is no whole head or no such header.
+ */
 VELTOPROTOCOL_API std::string GetContentType(const char* buf, int len);
 
-/** @return Value of the Authorization header; empty if there is no whole head or no such header. */
+/**
+ * Reads the value of the Authorization header, whose name may be written in any case; otherwise as
+ * GetContentType.
+ */
 VELTOPROTOCOL_API std::string GetAuthorization(const char* buf, int len);
 
 /**
  * Decodes the value of an Authorization header.
  * @param buf The value, as GetAuthorization returned it ("Basic " and Base64 text).
  * @param len Its length in bytes.
- * @return "user:password", up to a NUL within it; empty if there is no Base64 text, a character of it is
- *         outside the alphabet, or it would decode to more than 1,023 bytes.
+ * @return "user:password", up to a NUL within it; empty if no Base64 text follows a first space, a character
+ *         of it is outside the alphabet, or it would decode to more than 1,023 bytes.
  */
 VELTOPROTOCOL_API std::string GetAuthorizationDecode(const char* buf, int len);
 

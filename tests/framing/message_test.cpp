@@ -137,7 +137,7 @@ TEST(Envelope, WritesTheSequenceNumberSigned) {
     }
 }
 
-// Steps 2 to 9 of each encoder, through the public functions and the XML library's tree.
+// What an encoder does, step by step: through the public functions and the XML library's tree.
 template <class Tree>
 std::string stepByStep(const char* token, const char* name, unsigned int seqnum, const Tree& body) {
     const Document doc(XmlHeaderEncode());

@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <set>
 
 namespace {
@@ -109,6 +110,8 @@ struct ResultOnly {
     const char* connection;
     int (*encode)(int result, unsigned int seqnum, char* out, int size);
 };
+std::ostream& operator<<(std::ostream& to, const ResultOnly& answer) { return to << answer.name; }
+
 const ResultOnly resultOnly[] = {
     {"Logout", "close", GetLogoutRespEncode}, // the only one that closes the connection
     {"SetViewGroupData", "keep-alive", GetSetViewGroupDataRespEncode},

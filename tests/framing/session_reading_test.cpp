@@ -5,6 +5,7 @@
 #include <LibVeltoProtocol.h>
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace {
 
@@ -15,20 +16,30 @@ const std::string tokenLine = "xml file servercommandservice-Token element not f
 const std::string responseLine = "xml file servercommandservice-response element not find!\n";
 const std::string resultLine = "xml file servercommandservice-response-Result element not find!\n";
 
-class RequestToken : public testing::TestWithParam<std::string (*)(TiXmlDocument*, int*)> {
+struct Reader {
+    const char* name;
+    std::string (*decode)(TiXmlDocument*, int*);
+};
+std::ostream& operator<<(std::ostream& to, const Reader& reader) { return to << reader.name; }
+
+class RequestToken : public testing::TestWithParam<Reader> {
   protected:
+    static std::string decode(TiXmlDocument* doc, int* error) { return GetParam().decode(doc, error); }
+
     void expect(const std::string& xml, const std::string& token, int error, const std::string& printed) {
         SCOPED_TRACE(xml);
-        const auto got = readBackDocument(xml, GetParam());
+        const auto got = readBackDocument(xml, decode);
         EXPECT_EQ(got.record, token);
         EXPECT_EQ(got.error, error);
         EXPECT_EQ(got.printed, printed);
     }
 };
 
-// GetLogoutReqTokenDecode is the same operation.
-INSTANTIATE_TEST_SUITE_P(GetTokenDecode, RequestToken, testing::Values(GetTokenDecode));
-INSTANTIATE_TEST_SUITE_P(GetLogoutReqTokenDecode, RequestToken, testing::Values(GetLogoutReqTokenDecode));
+// One operation under two names.
+INSTANTIATE_TEST_SUITE_P(Of, RequestToken,
+                         testing::Values(Reader{"GetTokenDecode", GetTokenDecode},
+                                         Reader{"GetLogoutReqTokenDecode", GetLogoutReqTokenDecode}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_P(RequestToken, IsTheTextUnderTheRoot) {
     expect("<servercommandservice><seqnum>1</seqnum><Token>t-1</Token><request name=\"Logout\" />"
@@ -66,7 +77,7 @@ TEST_P(RequestToken, NeedsTheRoot) { expect("<other><Token>t</Token></other>", "
 TEST_P(RequestToken, NeedsADocument) {
     int error = 7;
     Captured captured;
-    const std::string token = GetParam()(nullptr, &error);
+    const std::string token = decode(nullptr, &error);
     EXPECT_EQ(captured.text(), "");
     EXPECT_EQ(token, "");
     EXPECT_EQ(error, -1);
@@ -76,8 +87,8 @@ TEST_P(RequestToken, MayGoWithoutAnErrorCode) {
     const Document found = parsed("<servercommandservice><Token>t</Token></servercommandservice>");
     const Document missing = parsed("<servercommandservice />");
     Captured captured;
-    const std::string tokens[] = {GetParam()(found.get(), nullptr), GetParam()(missing.get(), nullptr),
-                                  GetParam()(nullptr, nullptr)};
+    const std::string tokens[] = {decode(found.get(), nullptr), decode(missing.get(), nullptr),
+                                  decode(nullptr, nullptr)};
     EXPECT_EQ(captured.text(), tokenLine);
     EXPECT_EQ(tokens[0], "t");
     EXPECT_EQ(tokens[1], "");

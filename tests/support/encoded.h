@@ -2,10 +2,12 @@
 #pragma once
 
 #include "support/captured.h"
+#include "support/guarded_page.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -34,19 +36,28 @@ Encoded encoded(const Encode& encode, int roomy = 1 << 20) {
     EXPECT_TRUE(std::all_of(out.begin() + got.returned, out.end(), isUntouched))
         << "written behind the message";
 
+    // Each call is made before anything is asserted, since a failure's text would go where the lines go.
+    const auto length = static_cast<std::size_t>(got.returned);
+    GuardedPage exact(length), small(length - 1), none(length);
+    std::memset(small.data(), untouched, small.size());
+    std::memset(none.data(), untouched, none.size());
     Captured quiet;
-    std::vector<char> exact(static_cast<std::size_t>(got.returned), untouched);
-    EXPECT_EQ(encode(exact.data(), got.returned), got.returned);
-    EXPECT_EQ(std::string(exact.begin(), exact.end()), got.bytes);
+    const int intoExact = encode(exact.data(), got.returned);
+    const int intoSmall = encode(small.data(), got.returned - 1);
+    const int intoNull = encode(nullptr, roomy);
+    const int intoNothing = encode(none.data(), 0);
+    const int intoLess = encode(none.data(), -1);
+    quiet.text();
 
-    std::vector<char> small(static_cast<std::size_t>(got.returned), untouched);
-    EXPECT_EQ(encode(small.data(), got.returned - 1), -1);
-    EXPECT_TRUE(std::all_of(small.begin(), small.end(), isUntouched)) << "too small, and yet written to";
-
-    EXPECT_EQ(encode(nullptr, roomy), -1);
-    EXPECT_EQ(encode(small.data(), 0), -1);
-    EXPECT_EQ(encode(small.data(), -1), -1);
-    EXPECT_TRUE(std::all_of(small.begin(), small.end(), isUntouched));
+    EXPECT_EQ(intoExact, got.returned);
+    EXPECT_EQ(std::string(exact.bytes()), got.bytes);
+    EXPECT_EQ(intoSmall, -1);
+    EXPECT_EQ(intoNull, -1);
+    EXPECT_EQ(intoNothing, -1);
+    EXPECT_EQ(intoLess, -1);
+    for (const GuardedPage* page : {&small, &none})
+        EXPECT_TRUE(std::all_of(page->data(), page->data() + page->size(), isUntouched))
+            << "refused, and yet written to";
     return got;
 }
 
