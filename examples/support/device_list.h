@@ -38,6 +38,7 @@ inline DeviceList readDeviceList(TiXmlDocument* document) {
 
     DeviceList list;
     int error = 0;
+    // begin walk
     for (TiXmlElement* entry = response->FirstChildElement("Devices"); entry;
          entry = entry->NextSiblingElement("Devices")) {
         list.devices.push_back(
@@ -55,6 +56,7 @@ inline DeviceList readDeviceList(TiXmlDocument* document) {
                                       sizeof channel.DeviceGuid);
         list.channels.push_back(channel);
     }
+    // end walk
     checkCounter(response, "DeviceCounter", list.devices.size());
     checkCounter(response, "ChannelCounter", list.channels.size());
     return list;

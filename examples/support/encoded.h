@@ -10,6 +10,7 @@ namespace example {
 
 // Calls encoder(char* out, int size) with larger and larger buffers until the message fits. An encoder
 // returns -1 for a message that is too long and leaves the buffer alone, so it can simply be called again.
+// begin growing
 template <class Encoder>
 std::string encoded(Encoder encoder) {
     constexpr std::size_t smallest = 4096;
@@ -23,6 +24,7 @@ std::string encoded(Encoder encoder) {
     }
     throw std::runtime_error("a message cannot be written: it is too long, or its host holds a line break");
 }
+// end growing
 
 } // namespace example
 

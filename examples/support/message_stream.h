@@ -41,6 +41,7 @@ class MessageStream {
   private:
     // Finds the message's length as soon as its head is there, so that too long a body is refused before it
     // has come.
+    // begin measure
     void measure() {
         const int seen = static_cast<int>(std::min(buffer_.size(), longestHead));
         if (veltoprotocol::CheckHttp(buffer_.data(), seen) == -1) {
@@ -62,6 +63,7 @@ class MessageStream {
         else
             length_ = static_cast<std::size_t>(head) + static_cast<std::size_t>(body);
     }
+    // end measure
 
     State take(std::string& message) {
         // Without a Content-Length the library takes what digits it finds last, in the head alone others than
