@@ -9,6 +9,8 @@
 #define LIB_VELTO_PROTOCOL_H
 
 #include "veltoprotocol/admin.h"
+#include "veltoprotocol/emap.h"
 #include "veltoprotocol/framing.h"
+#include "veltoprotocol/media.h"
 
 #endif

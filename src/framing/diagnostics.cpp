@@ -73,4 +73,19 @@ void unprintable() { line({"TiXmlDocument::Accept error, check the TiXmlDocument
 
 void missingUri() { line({"not found http uri!"}); }
 
+RenderedLine::RenderedLine(const char* trace, std::size_t xmlLength) {
+    static constexpr Text before{" xml str:[", 10};
+    static constexpr Text after{"]\n", 2};
+    const std::size_t traceLength = std::strlen(trace);
+    length_ = traceLength + before.size + xmlLength + after.size;
+    if (length_ > sizeof short_) long_.reset(new char[length_]);
+    start_ = long_ ? long_.get() : short_;
+    std::memcpy(start_, trace, traceLength);
+    std::memcpy(start_ + traceLength, before.data, before.size);
+    xml_ = start_ + traceLength + before.size;
+    std::memcpy(xml_ + xmlLength, after.data, after.size);
+}
+
+void RenderedLine::print() const { std::fwrite(start_, 1, length_, stdout); }
+
 } // namespace veltoprotocol

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <memory>
 
 namespace veltoprotocol {
 
@@ -32,5 +33,20 @@ void unreadable(const char* reason);
 void unprintable();
 // "not found http uri!"
 void missingUri();
+
+// The line "<trace> xml str:[<xml>]": has the place for the XML's bytes, and goes out once they are there.
+class RenderedLine {
+  public:
+    RenderedLine(const char* trace, std::size_t xmlLength);
+    char* xml() { return xml_; }
+    void print() const;
+
+  private:
+    char short_[2048]; // lines of ordinary length need no allocation
+    std::unique_ptr<char[]> long_;
+    std::size_t length_;
+    char* start_;
+    char* xml_;
+};
 
 } // namespace veltoprotocol

@@ -33,8 +33,8 @@ struct Entries {
     const Entry* end() const { return first + count; }
 };
 
-template <class Entry>
-Entries<Entry> entries(const Entry* array, int count) {
+template <class Entry, class Integer>
+Entries<Entry> entries(const Entry* array, Integer count) {
     return {array, array && count > 0 ? static_cast<std::size_t>(count) : 0};
 }
 

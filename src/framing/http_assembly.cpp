@@ -6,8 +6,8 @@ namespace veltoprotocol {
 namespace {
 
 int wrap(const Head& head, const char* body, int bodyLength, char* out, int size) {
-    if (bodyLength < 0 || (bodyLength > 0 && !body)) return -1;
-    return assemble(head, {Text{body, static_cast<std::size_t>(bodyLength)}}, out, size);
+    const Text bytes = payload(body, bodyLength);
+    return bytes.absent() ? -1 : assemble(head, {bytes}, out, size);
 }
 
 } // namespace

@@ -35,9 +35,23 @@ class Head {
         return head;
     }
 
+    // A body that is not XML.
+    Head withContentType(Text type) const {
+        Head head = *this;
+        head.contentType_ = type;
+        head.withCharset_ = false;
+        return head;
+    }
+    // A content type of the caller's, sent with the charset behind it.
+    Head withUploadedType(Text type) const {
+        Head head = *this;
+        head.contentType_ = type;
+        return head;
+    }
+
     bool breaksLine() const {
         return veltoprotocol::breaksLine(target_) || veltoprotocol::breaksLine(host_) ||
-               veltoprotocol::breaksLine(connection_);
+               veltoprotocol::breaksLine(connection_) || veltoprotocol::breaksLine(contentType_);
     }
 
     template <class Sink>
@@ -58,7 +72,10 @@ class Head {
             to.literal("\r\nAuthorization: Basic ");
             to.raw(credentials_);
         }
-        to.literal("\r\nContent-Type: text/xml; charset=utf-8\r\nContent-Length: ");
+        to.literal("\r\nContent-Type: ");
+        to.raw(contentType_);
+        if (withCharset_) to.literal("; charset=utf-8");
+        to.literal("\r\nContent-Length: ");
         to.put(NumberText(contentLength));
         to.literal("\r\n\r\n");
     }
@@ -67,6 +84,8 @@ class Head {
     bool isRequest_ = false;
     Text target_; // a request's path, a response's status
     Text host_, connection_, credentials_;
+    Text contentType_{"text/xml", 8};
+    bool withCharset_ = true;
 };
 
 // What every encoder asks before it builds or prints anything.
@@ -87,6 +106,13 @@ int deliver(const Head& head, std::size_t bodyLength, const WriteBody& writeBody
     head.write(to, bodyLength);
     writeBody(to);
     return static_cast<int>(start.bytes() + bodyLength);
+}
+
+// Bytes of the caller's that are sent as they stand; absent if the length is negative, or positive without
+// bytes.
+inline Text payload(const char* data, int length) {
+    if (length < 0 || (length > 0 && !data)) return {};
+    return {length > 0 ? data : "", static_cast<std::size_t>(length)};
 }
 
 // A message whose body is ready-made bytes.

@@ -49,15 +49,35 @@ struct Envelope {
     bool request;
     bool carriesToken;
     Token token;
+    int counter = 0;             // attribute Counter of the command element, if above 0
+    const char* trace = nullptr; // the XML is printed with these words
+    Text tail = {};              // bytes behind the XML
 };
+
+// Length of the XML alone.
+std::size_t xmlLength(const Envelope& envelope, const Body& body);
 
 // The caller-buffer rule for every XML message; neither allocates nor writes unless all of it fits.
 int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size);
 
 class Request {
   public:
-    Request(Text name, unsigned int seqnum) : envelope_{name, seqnum, true, false, {}} {}
-    Request(Text name, unsigned int seqnum, Token token) : envelope_{name, seqnum, true, true, token} {}
+    Request(Text name, unsigned int seqnum) : envelope_{name, seqnum, true, false, {}, 0, nullptr, {}} {}
+    Request(Text name, unsigned int seqnum, Token token)
+        : envelope_{name, seqnum, true, true, token, 0, nullptr, {}} {}
+
+    // A second attribute of the command element.
+    Request counter(int count) const {
+        Request request = *this;
+        request.envelope_.counter = count;
+        return request;
+    }
+    // Prints the XML, also when the message then does not fit.
+    Request printedAs(const char* trace) const {
+        Request request = *this;
+        request.envelope_.trace = trace;
+        return request;
+    }
 
     template <class Tree>
     int post(Text path, Text host, const Tree& tree, char* out, int size, Text connection = keepAlive) const {
@@ -74,7 +94,24 @@ class Request {
 
 class Response {
   public:
-    Response(Text name, unsigned int seqnum) : envelope_{name, seqnum, false, false, {}} {}
+    Response(Text name, unsigned int seqnum) : envelope_{name, seqnum, false, false, {}, 0, nullptr, {}} {}
+
+    // Prints the XML, also when the message then does not fit.
+    Response printedAs(const char* trace) const {
+        Response response = *this;
+        response.envelope_.trace = trace;
+        return response;
+    }
+    // The body goes on with these bytes, right behind the XML.
+    Response followedBy(Text bytes) const {
+        Response response = *this;
+        response.envelope_.tail = bytes;
+        return response;
+    }
+    template <class Tree>
+    std::size_t xmlLength(const Tree& tree) const {
+        return veltoprotocol::xmlLength(envelope_, Body(tree));
+    }
 
     template <class Tree>
     int reply(const Tree& tree, char* out, int size, Text connection = keepAlive) const {

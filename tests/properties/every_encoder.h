@@ -42,6 +42,9 @@ struct EncoderCall {
     Kind kind;
     int status; // of a response
     std::function<int(char* out, int size)> encode;
+    bool xmlBody = true;    // and nothing else
+    bool prints = false;    // its XML, which takes memory above some 2,000 bytes
+    bool allocates = false; // whatever it writes
 
     // Whether it is subject to the caller-buffer rule.
     bool isMessage() const { return kind == Kind::request || kind == Kind::response; }

@@ -83,6 +83,15 @@ void readElement(Transcript& transcript, TiXmlElement* element) {
     NOTE(GetString, element);
     NOTE(GetDeviceParamDecode, element, &error);
     NOTE(GetChannelParamDecode, element, &error);
+    NOTE(GetPtzReqDecode, element, &error);
+    NOTE(GetStartTalkReqDecode, element, &error);
+    NOTE(GetSearchRecordDecode, element, &error);
+    NOTE(GetPlayBackCtrlParamDecode, element, &error);
+    NOTE(GetPictureParamDecode, element, &error);
+    __tagVtPlayBackParam playback = GetPlayBackParamDecode(element, element, &error);
+    transcript.note("GetPlayBackParamDecode", playback.RecordCounter);
+    ReleasePlaybackParam(&playback);
+    transcript.note("ReleasePlaybackParam", playback.RecordCounter);
     transcript.note("error", error);
     for (TiXmlElement* child = element->FirstChildElement(); child; child = child->NextSiblingElement())
         readElement(transcript, child);
@@ -99,6 +108,12 @@ void readDocument(Transcript& transcript, TiXmlDocument* doc) {
     NOTE(GetTokenDecode, doc, &error);
     NOTE(GetLogoutReqTokenDecode, doc, &error);
     NOTE(GetLoginRespTokenDecode, doc, &result, &error);
+    NOTE(GetRealPlayStartReqTokenDecode, doc, &error);
+    NOTE(GetRealPlayStartReqDeviceGuidDecode, doc, &error);
+    NOTE(GetRealPlayStartReqChannelGuidDecode, doc, &error);
+    NOTE(GetRealPlayStartReqStreamTypeDecode, doc, &error);
+    NOTE(GetPlayBackReqPlayGuidDecode, doc, &error);
+    NOTE(GetRealPlayStartRespDecode, doc, &result, &error);
     transcript.note("codes", std::to_string(error) + std::to_string(result));
     NOTE(GetXmlLength, doc);
     if (TiXmlElement* const root = doc ? doc->RootElement() : nullptr) readElement(transcript, root);
@@ -111,6 +126,17 @@ void readMessage(Transcript& transcript, const std::string& message) {
     TiXmlDocument* const doc = Decode(message.c_str() + (head == std::string::npos ? 0 : head));
     transcript.note("Decode", doc != nullptr);
     readDocument(transcript, doc);
+    const int xml = GetXmlLength(doc); // behind it, the block of a record search
+    int error = 7;
+    const std::string block = xml < 0 || head == std::string::npos
+                                  ? ""
+                                  : message.substr(head + 4).substr(
+                                        std::min(message.size() - head - 4, static_cast<std::size_t>(xml)));
+    __tagVtRecordParam found =
+        GetSearchRecordResultDecode(block.data(), static_cast<int>(block.size()), &error);
+    transcript.note("GetSearchRecordResultDecode", found.Counter);
+    ReleaseRecordParam(&found);
+    transcript.note("ReleaseRecordParam", error);
     ReleaseTiXmlDocument(doc);
     transcript.note("ReleaseTiXmlDocument", 0);
     transcript.note("SetStringValue", SetStringValue(nullptr, "Name", "text") == nullptr);
