@@ -30,12 +30,7 @@ int start(char* out, int size) {
 }
 
 TEST(GetRealPlayStartReqEncode, WritesTokenChannelAndStreamType) {
-    EXPECT_EQ(encoded(start).bytes, wire("POST /servercommandservice HTTP/1.1\n"
-                                         "Host: 10.0.0.1\n"
-                                         "Connection: keep-alive\n"
-                                         "Content-Type: text/xml; charset=utf-8\n"
-                                         "Content-Length: {}\n\n" +
-                                         startXml));
+    EXPECT_EQ(encoded(start).bytes, wire(requestHead + startXml));
 }
 
 TEST(GetRealPlayStartReqEncode, PrintsItsXmlAlsoWhenTheMessageDoesNotFit) {

@@ -29,12 +29,7 @@ TEST(GetPtzReqEncode, WritesTokenChannelAndTheThreeAttributes) {
     const Encoded got = encoded([&](char* out, int size) {
         return GetPtzReqEncode("t-1", "a<b", &ptz, "10.0.0.1", 4294967295u, out, size);
     });
-    EXPECT_EQ(got.bytes, wire("POST /servercommandservice HTTP/1.1\n"
-                              "Host: 10.0.0.1\n"
-                              "Connection: keep-alive\n"
-                              "Content-Type: text/xml; charset=utf-8\n"
-                              "Content-Length: {}\n\n" +
-                              ptzXml("-1")));
+    EXPECT_EQ(got.bytes, wire(requestHead + ptzXml("-1")));
 }
 
 TEST(GetPtzReqEncode, PrintsItsXml) {
@@ -99,12 +94,7 @@ TEST(GetPtzRespEncode, WritesAndPrintsTheResult) {
     </response>
 </servercommandservice>
 )";
-    EXPECT_EQ(got.bytes, wire("HTTP/1.1 200 OK\n"
-                              "Server: vtengine\n"
-                              "Connection: keep-alive\n"
-                              "Content-Type: text/xml; charset=utf-8\n"
-                              "Content-Length: {}\n\n" +
-                              xml));
+    EXPECT_EQ(got.bytes, wire(responseHead + xml));
     EXPECT_EQ(got.printed, "PtzControl Resp xml str:[" + xml + "]\n");
 }
 

@@ -11,17 +11,6 @@ using namespace veltoprotocol;
 
 namespace {
 
-const std::string requestHead = "POST /servercommandservice HTTP/1.1\n"
-                                "Host: 10.0.0.1\n"
-                                "Connection: keep-alive\n"
-                                "Content-Type: text/xml; charset=utf-8\n"
-                                "Content-Length: {}\n\n";
-const std::string responseHead = "HTTP/1.1 200 OK\n"
-                                 "Server: vtengine\n"
-                                 "Connection: keep-alive\n"
-                                 "Content-Type: text/xml; charset=utf-8\n"
-                                 "Content-Length: {}\n\n";
-
 __tagVtAudioParam audio() {
     __tagVtAudioParam audio = __tagVtAudioParam();
     audio.AudioType = -1;

@@ -16,3 +16,19 @@ inline std::string wire(const std::string& text) {
     if (length == std::string::npos) throw std::invalid_argument("a head has {} for its length");
     return head.replace(length, 2, std::to_string(body.size())) + body;
 }
+
+// The heads of most messages, for wire().
+inline const std::string requestHead = R"(POST /servercommandservice HTTP/1.1
+Host: 10.0.0.1
+Connection: keep-alive
+Content-Type: text/xml; charset=utf-8
+Content-Length: {}
+
+)";
+inline const std::string responseHead = R"(HTTP/1.1 200 OK
+Server: vtengine
+Connection: keep-alive
+Content-Type: text/xml; charset=utf-8
+Content-Length: {}
+
+)";
