@@ -172,7 +172,7 @@ VELTOPROTOCOL_API std::string GetRealPlayStartReqDeviceGuidDecode(TiXmlDocument*
 /** Reads the ChannelGuid of any request that has one; otherwise as GetRealPlayStartReqDeviceGuidDecode. */
 VELTOPROTOCOL_API std::string GetRealPlayStartReqChannelGuidDecode(TiXmlDocument* doc, int* error);
 
-/** Reads the StreamType of a start request; 0 if it is missing. */
+/** Reads the StreamType of a start request; 0 if it is missing, -1 (and error 0) if it is empty. */
 VELTOPROTOCOL_API int GetRealPlayStartReqStreamTypeDecode(TiXmlDocument* doc, int* error);
 
 /** Reads the PlaybackGuid of a playback request; otherwise as GetRealPlayStartReqDeviceGuidDecode. */
@@ -319,7 +319,7 @@ VELTOPROTOCOL_API __tagVtSearchRecordParam GetSearchRecordDecode(TiXmlElement* s
  * @param len   Its length in bytes.
  * @param error Receives 0, or -1 if data is null or len below 1; may be null.
  * @return The record by value; hand it to ReleaseRecordParam.
- * @throws std::bad_alloc if Counter asks for more than 1 GiB of elements.
+ * @throws std::bad_alloc if Counter asks for more than 1 GiB of elements, or memory is exhausted.
  */
 VELTOPROTOCOL_API __tagVtRecordParam GetSearchRecordResultDecode(const char* data, int len, int* error);
 
@@ -402,19 +402,22 @@ VELTOPROTOCOL_API int GetManualRecordReqEncode(const char* host, const char* tok
 /**
  * Reads a playback or download request.
  *
- * The elements' ChannelGuid and the record's PlaybackGuid are not read here. An element's PictureGuid,
- * PictureUrl and PictureSize are read from its RecordInfo, not from its PictureInfo.
+ * RecordCounter decides how many elements there are: missing ones stay zero, surplus ones are not read; an
+ * empty or negative counter is 4,294,967,295 or near it. The elements' ChannelGuid and the record's
+ * PlaybackGuid are not read here. An element's PictureGuid, PictureUrl and PictureSize are read from its
+ * RecordInfo, not from its PictureInfo.
  * @param request       The request element.
  * @param playbackParam Its child PlaybackParam.
  * @param error         Receives 0, or -1 if either is null; may be null.
  * @return The record by value; hand it to ReleasePlaybackParam.
- * @throws std::bad_alloc if RecordCounter asks for more than 1 GiB of elements.
+ * @throws std::bad_alloc if RecordCounter asks for more than 1 GiB of elements, or memory is exhausted.
  */
 VELTOPROTOCOL_API __tagVtPlayBackParam GetPlayBackParamDecode(TiXmlElement* request,
                                                               TiXmlElement* playbackParam, int* error);
 
 /**
- * Reads a playback control and copies PlaybackGuid into SessionGuid.
+ * Reads a playback control and copies PlaybackGuid into SessionGuid. Values that are missing (a line each,
+ * but for a missing ControlParam) or too long (likewise) stay zero.
  * @param request The request element.
  * @param error   Receives 0, or -1 if request is null; may be null.
  * @return The record by value; nothing to release.

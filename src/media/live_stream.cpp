@@ -29,6 +29,7 @@ int GetRealPlayStartRespEncode(int result, unsigned int seqnum, char* out, int s
 }
 
 int GetVideoDataEncode(const __tagVtStreamHeader& header, const char* data, int len, char* out, int size) {
+    // kept: a size of 0 is no argument error here, it is a message that does not fit; both are -1
     const Text frame = payload(data, len);
     if (frame.absent()) return -1;
     const Text prefix{reinterpret_cast<const char*>(&header), sizeof header};

@@ -5,6 +5,8 @@
 
 #include <tinyxml.h>
 
+#include <cstring>
+
 namespace veltoprotocol {
 namespace {
 

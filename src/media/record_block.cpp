@@ -6,7 +6,9 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 
 namespace veltoprotocol {
 namespace {
@@ -60,27 +62,49 @@ void readElement(Cursor& cursor, Element& element) {
     cursor.read(element.PictureSize);
 }
 
-// Inflated bytes; absent if zlib refuses them or they are more than 100 times the input or 1 GiB.
+// Inflated bytes, none if zlib refuses them or they are more than 100 times the input or 1 GiB.
 class Inflated {
   public:
     Inflated(const char* data, std::size_t length) {
-        // Ten times the input is enough for most blocks; each failed attempt adds as much, up to a hundred
-        // times.
-        constexpr std::size_t most = std::size_t{1} << 30;
-        for (std::size_t times = 10; times <= 100; times += 10) {
-            const std::size_t room = std::min(times * length, most);
-            bytes_.reset(new char[room]);
-            uLongf inflated = room;
-            const int code = uncompress(reinterpret_cast<Bytef*>(bytes_.get()), &inflated,
-                                        reinterpret_cast<const Bytef*>(data), length);
-            if (code == Z_OK) size_ = inflated;
-            if ((code != Z_BUF_ERROR && code != Z_MEM_ERROR) || room == most) break;
-        }
+        constexpr unsigned long long most = 1ULL << 30;
+        const auto within = [most](unsigned long long size) {
+            return static_cast<std::size_t>(std::min(size, most));
+        };
+        const std::size_t limit = within(100ULL * length);
+        if (inflateInit(&stream_) != Z_OK) return;
+        const std::unique_ptr<z_stream, decltype(&inflateEnd)> open(&stream_, inflateEnd);
+        stream_.next_in = reinterpret_cast<z_const Bytef*>(const_cast<char*>(data)); // only read
+        stream_.avail_in = static_cast<uInt>(length);
+
+        // Ten times the input is enough for most blocks; others go on where the room ended.
+        std::size_t room = within(10ULL * length);
+        int code = inflateInto(room);
+        for (; isFull(code) && room < limit; code = inflateInto(room)) room = std::min(2 * room, limit);
+        // A block that fills all the room that it may have still has its end to be read.
+        if (isFull(code)) code = inflate(&stream_, Z_NO_FLUSH);
+        if (code == Z_STREAM_END) size_ = stream_.total_out;
     }
     Text text() const { return {bytes_.get(), size_}; }
 
   private:
-    std::unique_ptr<char[]> bytes_;
+    struct Free {
+        void operator()(char* bytes) const { std::free(bytes); }
+    };
+
+    bool isFull(int code) const { return (code == Z_OK || code == Z_BUF_ERROR) && stream_.avail_out == 0; }
+
+    int inflateInto(std::size_t room) {
+        char* const longer = static_cast<char*>(std::realloc(bytes_.get(), room));
+        if (!longer) throw std::bad_alloc();
+        static_cast<void>(bytes_.release());
+        bytes_.reset(longer);
+        stream_.next_out = reinterpret_cast<Bytef*>(longer + stream_.total_out);
+        stream_.avail_out = static_cast<uInt>(room - stream_.total_out);
+        return inflate(&stream_, Z_NO_FLUSH);
+    }
+
+    z_stream stream_ = {};
+    std::unique_ptr<char, Free> bytes_;
     std::size_t size_ = 0;
 };
 
