@@ -1,13 +1,16 @@
-// A small management server on this machine: answers logins, device lists, heartbeats and logouts over TCP.
+// A small management server on this machine: answers logins, device lists, heartbeats and logouts over TCP,
+// and requests for live video, recordings and pictures.
 //
-//     exchange_server [--port N] [--once] [--seed N] [--no-split] [--full] [--patience N]
+//     exchange_server [--port N] [--once] [--seed N] [--no-split] [--full] [--patience N] [--media FOLDER]
 //
 // Port 0, which is the default, takes any free port; the first line says which. --once ends the server when
 // the first client has logged out. Answers are sent in chunks cut at random (--seed), --no-split sends them
 // whole. --full shows long messages to the end. A client that is silent for longer than --patience seconds
-// (30) is hung up on; that is what heartbeats are for.
+// (30) is hung up on; that is what heartbeats are for. --media names the folder with the clip that is
+// streamed and its snapshot, examples/data.
 //
-// One thread serves all connections. What the answers are stands in support/management_server.h.
+// One thread serves all connections. What the answers are stands in support/management_server.h and
+// support/media_server.h.
 
 #include "support/arguments.h"
 #include "support/management_server.h"
@@ -38,6 +41,7 @@ struct Options {
     unsigned short port = 0;
     unsigned int seed = 1;
     std::chrono::seconds patience{30};
+    std::string mediaFolder;
     bool once = false;
     bool split = true;
     bool full = false;
@@ -48,6 +52,7 @@ Options read(example::Arguments arguments) {
     options.port = static_cast<unsigned short>(arguments.number("--port", 0, 65535));
     options.seed = arguments.number("--seed", 1, 4294967295U);
     options.patience = std::chrono::seconds(arguments.number("--patience", 30, 86400));
+    options.mediaFolder = arguments.text("--media", "");
     options.once = arguments.flag("--once");
     options.split = !arguments.flag("--no-split");
     options.full = arguments.flag("--full");
@@ -97,10 +102,15 @@ class Connection : public std::enable_shared_from_this<Connection> {
             break;
         }
         transcript_.received(message);
-        std::optional<example::Answer> answer = server_.answer(example::ReceivedMessage(std::move(message)));
+        std::optional<example::Answer> answer =
+            server_.answer(example::ReceivedMessage(std::move(message)), visitor_);
         if (!answer) return hangUp("this is no command");
         answer_ = std::move(*answer);
         transcript_.line("    decoded: " + example::printable(answer_.decoded));
+        sendMessage();
+    }
+
+    void sendMessage() {
         chunks_ = splitter_.split(answer_.message);
         transcript_.sent(answer_.message, chunks_.size());
         send(0);
@@ -108,13 +118,21 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
     // Sends the chunks one after another.
     void send(std::size_t next) {
-        if (next == chunks_.size()) return answer_.close ? finish() : answerNext();
+        if (next == chunks_.size()) return sent();
         watch(patience_);
         const auto chunk = asio::buffer(chunks_[next].data(), chunks_[next].size());
         asio::async_write(socket_, chunk, [self = shared_from_this(), next](auto error, auto) {
             if (error) return self->gone();
             self->send(next + 1);
         });
+    }
+
+    // A live stream is many messages. The next one is made when the last one is gone.
+    void sent() {
+        std::optional<std::string> more = answer_.more ? answer_.more() : std::nullopt;
+        if (!more) return answer_.close ? finish() : answerNext();
+        answer_.message = std::move(*more);
+        sendMessage();
     }
 
     // The orderly end: says that nothing more comes and lets the client end. Closing at once, with bytes from
@@ -169,6 +187,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     example::ManagementServer& server_;
     std::function<void()> whenLoggedOut_;
     std::array<char, 4096> input_ = {};
+    example::Visitor visitor_;
     example::Answer answer_;
     std::vector<std::string_view> chunks_; // of answer_
 };
@@ -179,7 +198,8 @@ class Listener {
         : context_(context),
           options_(options),
           retry_(context),
-          acceptor_(context, tcp::endpoint(asio::ip::address_v4::loopback(), options.port)) {}
+          acceptor_(context, tcp::endpoint(asio::ip::address_v4::loopback(), options.port)),
+          server_(options.mediaFolder) {}
 
     unsigned short port() const { return acceptor_.local_endpoint().port(); }
 

@@ -3,7 +3,9 @@
 #ifndef EXAMPLES_MANAGEMENT_SERVER_H
 #define EXAMPLES_MANAGEMENT_SERVER_H
 
+#include "support/answer.h"
 #include "support/encoded.h"
+#include "support/media_server.h"
 #include "support/received_message.h"
 #include "support/sample_inventory.h"
 
@@ -15,20 +17,13 @@
 #include <optional>
 #include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace example {
 
-// The protocol knows 0 for success, and at a login 2 as an answer without token; the rest is up to the
-// server.
-enum Result { succeeded = 0, badCredentials = 1, notLoggedIn = 3, unknownCommand = 4 };
-
-struct Answer {
-    std::string decoded; // what the request was, for people
-    std::string message;
-    bool close = false;     // the connection ends with this answer
-    bool loggedOut = false; // because its client has logged out
+// What the server keeps of a connection between two messages.
+struct Visitor {
+    std::string token; // of the last login here
 };
 
 // The users who are logged in, by their tokens. A token outlives its connection, until the logout.
@@ -70,33 +65,40 @@ class Sessions {
 
 class ManagementServer {
   public:
+    // `mediaFolder` holds the clip and its snapshot; without it there are none.
+    explicit ManagementServer(const std::string& mediaFolder) : media_(mediaFolder) {}
+
     // Nothing is returned for what is no command of the protocol: there is no answer then but to hang up.
-    std::optional<Answer> answer(const ReceivedMessage& request) {
+    std::optional<Answer> answer(const ReceivedMessage& request, Visitor& visitor) {
         if (request.uri() != "/servercommandservice") return {};
+        if (request.isMedia()) return upload(request, visitor);
         int noName = 0;
         int noNumber = 0;
         const std::string name = veltoprotocol::GetRequestNameDecode(request.document(), &noName);
         const unsigned int seqnum = veltoprotocol::GetSeqnumberDecode(request.document(), &noNumber);
         if (noName != 0 || noNumber != 0) return {};
-        Answer answer = act(name, seqnum, request);
-        answer.decoded = name + ", seqnum " + std::to_string(seqnum);
+        Answer answer = act(name, seqnum, request, visitor);
+        answer.decoded = name + ", seqnum " + std::to_string(seqnum) + answer.decoded;
         return answer;
     }
 
   private:
-    Answer act(const std::string& name, unsigned int seqnum, const ReceivedMessage& request) {
-        if (name == "Login") return login(request, seqnum);
+    Answer act(const std::string& name, unsigned int seqnum, const ReceivedMessage& request,
+               Visitor& visitor) {
+        if (name == "Login") return login(request, seqnum, visitor);
         if (name == "Heartbeat") return heartbeat(seqnum);
         if (name == "Logout") return logout(request, seqnum);
         if (name == "GetAllDeviceList" || name == "GetUserDeviceList")
             return deviceList(request, seqnum, name);
+        if (MediaServer::knows(name)) return media(request, seqnum, name);
         return resultOnly(unknownCommand, seqnum, name);
     }
 
-    Answer login(const ReceivedMessage& request, unsigned int seqnum) {
+    Answer login(const ReceivedMessage& request, unsigned int seqnum, Visitor& visitor) {
         const User* const user = findUser(request.credentials());
         const std::string token = user ? sessions_.begin(*user) : std::string();
         const int result = user ? succeeded : badCredentials;
+        visitor.token = token;
         Answer answer;
         answer.message = encoded([&](char* out, int size) {
             return veltoprotocol::GetLoginRespEncode(result, token.c_str(), seqnum, out, size);
@@ -140,11 +142,17 @@ class ManagementServer {
         return answer;
     }
 
-    static Answer resultOnly(int result, unsigned int seqnum, const std::string& name) {
-        Answer answer;
-        answer.message = encoded([&](char* out, int size) {
-            return veltoprotocol::GetRespEncode(result, seqnum, out, size, name.c_str(), "keep-alive");
-        });
+    Answer media(const ReceivedMessage& request, unsigned int seqnum, const std::string& name) const {
+        const User* const user = sessions_.find(tokenOf(request));
+        if (!user) return resultOnly(notLoggedIn, seqnum, name);
+        return media_.act(name, seqnum, request, devicesOf(*user));
+    }
+
+    // The message carries no token, so what counts is who has logged in on its connection.
+    Answer upload(const ReceivedMessage& request, const Visitor& visitor) const {
+        Answer answer = sessions_.find(visitor.token) ? media_.upload(request)
+                                                      : resultOnly(notLoggedIn, 0, "UploadPicture");
+        answer.decoded = "a picture";
         return answer;
     }
 
@@ -177,6 +185,7 @@ class ManagementServer {
 
     const std::vector<User> users_ = sampleUsers();
     const Inventory inventory_ = sampleInventory();
+    const MediaServer media_;
     Sessions sessions_;
 };
 

@@ -23,15 +23,22 @@ class ReceivedMessage {
         : bytes_(std::move(bytes)),
           body_(bytes_,
                 static_cast<std::size_t>(std::max(0, veltoprotocol::GetHttpLength(data(), length())))),
-          document_(veltoprotocol::Decode(body_.c_str())) {}
+          document_(isMedia() ? nullptr : veltoprotocol::Decode(body_.c_str())) {}
 
     const std::string& bytes() const { return bytes_; }
 
-    // A NUL-terminated copy: Decode asks for one.
+    // A NUL-terminated copy: Decode asks for one. It may hold other NULs: behind the XML of a record search
+    // follows a compressed block, of which Decode sees nothing.
     const std::string& body() const { return body_; }
 
     // The body's XML; null if it is none. Every document decoder of the library takes a null document.
     TiXmlDocument* document() const { return document_.get(); }
+
+    // Video or a picture; the body is no XML then.
+    bool isMedia() const {
+        const std::string type = contentType();
+        return type.rfind("video/", 0) == 0 || type.rfind("image/", 0) == 0;
+    }
 
     std::string uri() const { return veltoprotocol::GetUri(data(), length()); }
     int status() const { return veltoprotocol::GetHttpStatus(data(), length()); }

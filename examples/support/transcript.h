@@ -1,4 +1,5 @@
-// Shows messages to people: head lines and XML, indented and wrapped, without passwords and tokens.
+// Shows messages to people: head lines and XML, indented and wrapped, without passwords and tokens. Video,
+// pictures and compressed blocks are counted.
 #ifndef EXAMPLES_TRANSCRIPT_H
 #define EXAMPLES_TRANSCRIPT_H
 
@@ -85,7 +86,20 @@ class Transcript {
     void line(std::string_view text) { out_ << prefix_ << text << std::endl; }
 
   private:
+    // The head and the XML behind it; of other bytes it only says how many there are.
+    static std::size_t textLength(std::string_view message) {
+        constexpr std::string_view end = "</servercommandservice>\n";
+        const std::size_t body = message.find("\r\n\r\n");
+        if (body == std::string_view::npos) return message.size();
+        const std::size_t found = message.find(end, body);
+        if (found != std::string_view::npos) return found + end.size();
+        const bool xml = message.size() > body + 4 && message[body + 4] == '<';
+        return xml ? message.size() : body + 4;
+    }
+
     void show(std::string_view message) {
+        const std::size_t others = message.size() - textLength(message);
+        message.remove_suffix(others);
         std::size_t bodyLines = 0;
         std::size_t hidden = 0;
         bool inBody = false;
@@ -101,6 +115,7 @@ class Transcript {
             if (text.empty()) inBody = true;
         }
         if (hidden > 0) line("    | ... and " + counted(hidden, "line") + " more");
+        if (others > 0) line("    | ... and " + counted(others, "byte") + " that are no text");
     }
 
     // Breaks a line at blanks, since a device's element is several hundred characters long.
