@@ -12,5 +12,6 @@
 #include "veltoprotocol/emap.h"
 #include "veltoprotocol/framing.h"
 #include "veltoprotocol/media.h"
+#include "veltoprotocol/views.h"
 
 #endif

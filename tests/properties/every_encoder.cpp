@@ -47,6 +47,13 @@ __tagVtEMapInfo drawnMap(Draw& draw) {
     return map;
 }
 
+__tagVtViewGroupInfo drawnViewGroup(Draw& draw) {
+    auto info = draw.noise<__tagVtViewGroupInfo>();
+    draw.fill(info.ViewGroupGuid, info.UserGuid, info.ReadOnly, info.Name, info.ViewGroupType,
+              info.LastModifiedTime, info.LastModifieduser);
+    return info;
+}
+
 // Numbers only, or numbers and texts whose members the caller fills.
 template <class Record, class... Members>
 Record drawn(Draw& draw, Members Record::*... members) {
@@ -107,6 +114,9 @@ struct Arguments {
     __tagVtPlayBackCtrl control =
         drawn(draw, &__tagVtPlayBackCtrl::PlaybackGuid, &__tagVtPlayBackCtrl::Speed);
     std::string pictureGuid = draw.text(36) + std::string(36, '-'); // 36 bytes of it are sent
+
+    Array<__tagVtViewGroupInfo> viewGroups = draw.array(drawnViewGroup);
+    __tagVtViewGroupInfo viewGroup = drawnViewGroup(draw);
 
     Arguments(unsigned seed, Texts texts) : draw(seed, texts) {
         attach(records, &__tagVtRecordParam::Records, &__tagVtRecordParam::Counter, found);
@@ -211,12 +221,19 @@ void visitMedia(const Arguments& a, const std::function<void(const EncoderCall&)
                    a.body.count, out, size);
 }
 
+void visitViews(const Arguments& a, const std::function<void(const EncoderCall&)>& visit) {
+    REQUEST(GetViewGroupsReqEncode, a.host, a.token, a.seqnum, a.value, out, size);
+    RESPONSE(GetViewGroupsRespEncode, a.result, a.seqnum, a.viewGroups.data(), a.viewGroups.count, out, size);
+    ELEMENT(GetViewGroupsParamEncode, element, a.orNull(a.viewGroup));
+}
+
 } // namespace
 
 void visitEncoders(unsigned seed, Texts texts, const std::function<void(const EncoderCall&)>& visit) {
     const Arguments a(seed, texts);
     visitHelpers(a, visit);
     visitMedia(a, visit);
+    visitViews(a, visit);
     REQUEST(HttpReqEncode, a.path, a.host, a.connection, a.body.data(), a.body.count, out, size);
     RESPONSE(HttpRespEncode, a.connection, a.body.data(), a.body.count, out, size);
     RESPONSE(GetRespEncode, a.result, a.seqnum, out, size, a.name, a.connection);

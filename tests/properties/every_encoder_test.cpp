@@ -23,7 +23,7 @@ namespace {
 
 using namespace veltoprotocol;
 
-constexpr unsigned seeds = 2000;
+constexpr unsigned seeds = 1000;
 
 // What all encoders wrote, and what some of them printed, as one more message.
 template <class EveryEncoder>
@@ -61,7 +61,7 @@ TEST(EveryEncoder, IsInTheList) {
     std::set<std::string> declared;
     for (const std::string& function : declaredFunctions())
         if (isEncoder(function)) declared.insert(function);
-    EXPECT_GE(declared.size(), 68u) << "the headers were not found";
+    EXPECT_GE(declared.size(), 71u) << "the headers were not found";
     EXPECT_EQ(once, declared);
 }
 
@@ -122,7 +122,7 @@ std::string brokenRule(const EncoderCall& call, const NamedMessage& message) {
 TEST(EveryEncoder, WritesTheWholeMessageOrNothing) {
     constexpr std::size_t longest = 5000; // the time grows with its square
     std::map<std::string, int> checked;
-    for (unsigned seed = 0; seed < 24; ++seed) {
+    for (unsigned seed = 0; seed < 12; ++seed) {
         std::vector<NamedMessage> messages = written(seed);
         std::size_t next = 0;
         visitEncoders(seed, Texts::anyBytes, [&](const EncoderCall& call) {
@@ -137,7 +137,7 @@ TEST(EveryEncoder, WritesTheWholeMessageOrNothing) {
             ++times;
         });
     }
-    for (const auto& [name, times] : checked) EXPECT_GE(times, 6) << name << " was mostly too long";
+    for (const auto& [name, times] : checked) EXPECT_GE(times, 3) << name << " was mostly too long";
 }
 
 TEST(EveryEncoder, AllocatesNothing) {

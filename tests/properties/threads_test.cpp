@@ -88,6 +88,7 @@ void readElement(Transcript& transcript, TiXmlElement* element) {
     NOTE(GetSearchRecordDecode, element, &error);
     NOTE(GetPlayBackCtrlParamDecode, element, &error);
     NOTE(GetPictureParamDecode, element, &error);
+    NOTE(GetViewGroupInfoParamDecode, element, &error);
     __tagVtPlayBackParam playback = GetPlayBackParamDecode(element, element, &error);
     transcript.note("GetPlayBackParamDecode", playback.RecordCounter);
     ReleasePlaybackParam(&playback);
