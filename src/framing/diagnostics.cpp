@@ -48,7 +48,7 @@ void tooLongAttribute(const char* label, const char* name) {
 }
 
 void missingPath(const char* const* names, std::size_t count) {
-    // The deepest line of the protocol names six elements.
+    // The deepest line of the protocol names four elements.
     constexpr std::size_t deepest = 8;
     Text pieces[2 * deepest + 1];
     std::size_t used = 0;

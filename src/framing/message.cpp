@@ -1,7 +1,6 @@
 #include "framing/message.h"
 
 #include "framing/diagnostics.h"
-
 #include "veltoprotocol/framing.h"
 
 #ifdef VELTO_THROUGH_TREE

@@ -57,7 +57,8 @@ struct Envelope {
 // Length of the XML alone.
 std::size_t xmlLength(const Envelope& envelope, const Body& body);
 
-// The caller-buffer rule for every XML message; neither allocates nor writes unless all of it fits.
+// The caller-buffer rule for every XML message: nothing is written unless all of it fits. Allocates nothing,
+// but for a printed line above some 2,000 bytes.
 int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size);
 
 class Request {
