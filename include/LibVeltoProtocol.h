@@ -10,6 +10,7 @@
 
 #include "veltoprotocol/admin.h"
 #include "veltoprotocol/emap.h"
+#include "veltoprotocol/events.h"
 #include "veltoprotocol/framing.h"
 #include "veltoprotocol/media.h"
 #include "veltoprotocol/views.h"

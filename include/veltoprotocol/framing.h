@@ -14,11 +14,16 @@
  *   stand. Cut text at whole characters when you fill a field: a character cut off in the middle can make
  *   the whole message unreadable for the receiving parser. A received value as long as its field fills it
  *   without a terminator; a longer one is dropped with a printed line.
+ * - Arrays. A list is written up to its count and ends where its array is null; a counter is written from the
+ *   count all the same, unless a function says otherwise.
  * - Numbers. Decimal text that does not depend on the process's locale. Sequence numbers are unsigned in
  *   every interface, written in signed decimal and read back unsigned.
  * - Null text is an empty element, a left-out attribute, or empty text in a head.
+ * - Missing values. What a decoder does not find, or finds longer than its field, stays zero; a line tells
+ * it. It is no error, unless a function says otherwise.
  * - Error codes. `*error` is 0, or -1 for what was missing; a null `error` is allowed. After
- *   std::bad_alloc, which is all that is ever thrown, `*error` means nothing.
+ *   std::bad_alloc, which is all that is ever thrown, `*error` means nothing; nothing leaks, and an element of
+ *   the caller's keeps what was written to it by then.
  * - Diagnostics are lines on standard output, each written by one call.
  * - Threads. There is no state: any number of threads may call anything at once, as long as they share no
  *   output buffer and none releases or changes what another one reads.

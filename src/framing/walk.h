@@ -46,4 +46,13 @@ class Walk {
     std::size_t depth_ = 0;
 };
 
+// The children of that name in their order, each read into its slot: at most as many as there are slots. What
+// is beyond them is ignored, and slots without a child stay as they are.
+template <class Entry, class Integer, class Read>
+void fillFrom(TiXmlElement* parent, const char* name, Entry* slots, Integer count, const Read& read) {
+    TiXmlElement* child = parent->FirstChildElement(name);
+    for (Integer i = 0; child && i < count; ++i, child = child->NextSiblingElement(name))
+        read(child, slots[i]);
+}
+
 } // namespace veltoprotocol

@@ -1,6 +1,7 @@
 // Playback and download sessions, and recording by hand.
 #include "framing/decoded.h"
 #include "framing/message.h"
+#include "framing/walk.h"
 #include "media/record_fields.h"
 
 #include <tinyxml.h>
@@ -117,11 +118,7 @@ Playback GetPlayBackParamDecode(TiXmlElement* request, TiXmlElement* playbackPar
         playback->RecordCounter = static_cast<unsigned int>(GetInt(counter));
         playback->Records = Budget().zeroed<RecordElement>(playback->RecordCounter);
     }
-    TiXmlElement* element = request->FirstChildElement("RecordParam");
-    for (unsigned int i = 0; element && i < playback->RecordCounter; ++i) {
-        readRecordParam(element, playback->Records[i]);
-        element = element->NextSiblingElement("RecordParam");
-    }
+    fillFrom(request, "RecordParam", playback->Records, playback->RecordCounter, readRecordParam);
     return playback.handOver();
 }
 

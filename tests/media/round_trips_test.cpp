@@ -1,39 +1,16 @@
 // What a client writes comes back at the server, and the answer at the client: every field distinct, every
 // text as long as its field or its reader allows.
 #include "support/encoded.h"
-#include "support/read_back.h"
+#include "support/received.h"
 
 #include <LibVeltoProtocol.h>
 
 #include <cstring>
-#include <functional>
 #include <string>
 
 using namespace veltoprotocol;
 
 namespace {
-
-using Encoder = std::function<int(char*, int)>;
-
-// The parsed body of a message.
-struct Received {
-    explicit Received(const Encoder& encode) : body(bodyOf(encoded(encode).bytes)), doc(parsed(body)) {}
-
-    TiXmlElement* command() const {
-        TiXmlElement* const request = doc->RootElement()->FirstChildElement("request");
-        return request ? request : doc->RootElement()->FirstChildElement("response");
-    }
-    TiXmlElement* child(const char* name) const { return command()->FirstChildElement(name); }
-
-    std::string body;
-    Document doc;
-};
-
-// A text of a field's full width, without a terminator.
-template <std::size_t N>
-void fill(char (&field)[N], char first, std::size_t length = N) {
-    for (std::size_t i = 0; i < length; ++i) field[i] = static_cast<char>(first + static_cast<char>(i % 8));
-}
 
 TEST(StartRealplay, ComesBackThroughTheReadersOfTheServer) {
     const Received got([](char* out, int size) {

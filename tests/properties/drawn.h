@@ -80,9 +80,11 @@ class Draw {
     }
 
     template <class DrawEntry>
-    auto array(const DrawEntry& drawEntry, unsigned fewest = 0) -> Array<decltype(drawEntry(*this))> {
+    auto array(const DrawEntry& drawEntry, unsigned fewest = 0, unsigned more = 3)
+        -> Array<decltype(drawEntry(*this))> {
         std::vector<decltype(drawEntry(*this))> entries;
-        for (unsigned count = fewest + below(4); entries.size() < count;) entries.push_back(drawEntry(*this));
+        for (unsigned count = fewest + below(more + 1); entries.size() < count;)
+            entries.push_back(drawEntry(*this));
         return array(entries);
     }
 

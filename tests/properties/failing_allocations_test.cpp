@@ -1,6 +1,6 @@
 // Exhausted memory: each allocation of a call fails in turn. The call throws std::bad_alloc or gives -1,
 // everything it had allocated is freed, and the same call succeeds afterwards.
-#include "support/failing_new.h"
+#include "support/failing_calls.h"
 #include "support/read_back.h"
 
 #include <LibVeltoProtocol.h>
@@ -36,41 +36,6 @@ struct LeaksAllowed {
 namespace {
 
 using namespace veltoprotocol;
-
-enum class Leaks { none, insideTheParser };
-
-// `call` gives whether it succeeded, and frees what it got. Returns how many of its allocations failed.
-template <class Call>
-long allocationsThatFailed(const Call& call, Leaks leaks = Leaks::none) {
-    constexpr long tooMany = 100000;
-    for (long n = 1; n < tooMany; ++n) {
-        bool succeeded = false, threw = false;
-        const long before = failing::live;
-        failing::untilFailure = n;
-        try {
-            succeeded = call();
-        } catch (const std::bad_alloc&) {
-            threw = true;
-        }
-        const bool failed = failing::untilFailure == 0;
-        failing::untilFailure = 0;
-        const long after = failing::live;
-
-        if (!failed) { // the call needs fewer
-            EXPECT_TRUE(succeeded);
-            EXPECT_FALSE(threw);
-            EXPECT_EQ(after, before);
-            return n - 1;
-        }
-        EXPECT_FALSE(succeeded) << "allocation " << n;
-        if (leaks == Leaks::none) {
-            EXPECT_EQ(after, before) << "allocation " << n << " leaks";
-        }
-        EXPECT_TRUE(call()) << "after allocation " << n << " had failed";
-    }
-    ADD_FAILURE() << "the call never ends";
-    return -1;
-}
 
 TEST(FailingAllocations, AreCountedAndFailInTurn) {
     const auto twoAllocations = [] {
@@ -274,6 +239,25 @@ TEST(GetXmlEncode, FreesEverythingWhenMemoryIsExhausted) {
     const Document doc = parsed("<a b=\"" + guid + "\"><c>" + guid + "</c><d /></a>");
     const std::string want = "<a b=\"" + guid + "\">\n    <c>" + guid + "</c>\n    <d />\n</a>\n";
     EXPECT_GE(allocationsThatFailed([&] { return GetXmlEncode(doc.get()) == want; }), 1);
+}
+
+// They write into an element of the caller's, where all that was allocated stays.
+TEST(ElementWriters, LeakNothingWhenMemoryIsExhausted) {
+    const auto failures = [](auto record, auto write) {
+        std::memset(static_cast<void*>(&record), 'x',
+                    sizeof record); // texts too long for a string without memory
+        return allocationsThatFailed([&] {
+            TiXmlElement element("Element");
+            return write(&element, &record) == 0;
+        });
+    };
+    EXPECT_GE(failures(__tagVtDeviceParam(), GetDeviceParamEncode), 20);
+    EXPECT_GE(failures(__tagVtViewInfo(), GetViewInfoEncode), 6);
+    EXPECT_GE(failures(__tagVtViewItem(), GetViewItemEncode), 4);
+    EXPECT_GE(failures(__tagVtViewItemInfo(), GetViewItemInfoEncode), 5);
+    EXPECT_GE(failures(__tagVtCarouselItem(), GetCarouselEncode), 6);
+    EXPECT_GE(failures(__tagVtEMapInfo(), GetEMapInfoEncode), 13);
+    EXPECT_GE(failures(__tagVtEMapItemParam(), GetEMapItemParamEncode), 9);
 }
 
 } // namespace

@@ -1,14 +1,13 @@
 // Each writer stops at a text field's width: here no field holds a NUL, every neighbour is full as well, and
 // behind the record lies a page that nobody may touch.
+#include "properties/full_records.h"
 #include "support/encoded.h"
-#include "support/guarded_page.h"
 #include "support/read_back.h"
 
 #include <LibVeltoProtocol.h>
 #include <gtest/gtest.h>
 #include <tinyxml.h>
 
-#include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -17,62 +16,20 @@ namespace {
 
 using namespace veltoprotocol;
 
-// Records whose every byte is 'x', the last one flush against the protected page.
-template <class Record>
-class FullRecords {
-  public:
-    explicit FullRecords(std::size_t count = 1) : page_(std::string(count * sizeof(Record), 'x')) {
-        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(page_.data()) % alignof(Record), 0u);
-    }
-    Record* records() { return reinterpret_cast<Record*>(page_.data()); }
-
-  private:
-    GuardedPage page_;
-};
-
-struct Text {
-    const char* attribute;
-    std::size_t width;
-};
-struct Attributes {
-    std::vector<Text> texts;
-    std::vector<const char*> numbers;
-};
-const Attributes ofDevice = {{{"Guid", 48},
-                              {"ServerGuid", 48},
-                              {"MAC", 24},
-                              {"DisplayName", 64},
-                              {"IPAddress", 1024},
-                              {"UserName", 64},
-                              {"Password", 64},
-                              {"Token", 48}},
-                             {"VenderType", "DeviceType", "DriverType", "DevicePort", "HttpPort", "FtpPort",
-                              "State", "ChannelCount", "nIndex", "PlaybackPort", "res1", "res2"}};
-const Attributes ofChannel = {{{"Guid", 48}, {"DisplayName", 64}},
-                              {"Type", "Num", "Hidden", "Disabled", "LiveStreamIndex", "LiveStreamSettings"}};
-
-void expectFull(const TiXmlElement& element, const Attributes& attributes) {
-    const auto value = [&](const char* name) {
-        const char* const found = element.Attribute(name);
-        return std::string(found ? found : "missing");
-    };
-    for (const Text& text : attributes.texts)
-        EXPECT_EQ(value(text.attribute), std::string(text.width, 'x')) << text.attribute;
-    for (const char* name : attributes.numbers) EXPECT_EQ(value(name), "2021161080") << name; // "xxxx"
-}
-
-void makeValid(__tagVtDeviceParam&) {}
-// A flag is 0 or 1.
-void makeValid(__tagVtChannelParam& channel) { channel.Preview = true; }
-
-template <class Record>
-void expectFull(int (*write)(TiXmlElement*, const Record*), const Attributes& attributes) {
-    FullRecords<Record> full;
-    makeValid(*full.records());
-    TiXmlElement element("Record");
-    EXPECT_EQ(write(&element, full.records()), 0);
-    expectFull(element, attributes);
-}
+const Carried ofDevice = {Carried::byAttributes,
+                          {{"Guid", 48},
+                           {"ServerGuid", 48},
+                           {"MAC", 24},
+                           {"DisplayName", 64},
+                           {"IPAddress", 1024},
+                           {"UserName", 64},
+                           {"Password", 64},
+                           {"Token", 48}},
+                          {"VenderType", "DeviceType", "DriverType", "DevicePort", "HttpPort", "FtpPort",
+                           "State", "ChannelCount", "nIndex", "PlaybackPort", "res1", "res2"}};
+const Carried ofChannel = {Carried::byAttributes,
+                           {{"Guid", 48}, {"DisplayName", 64}},
+                           {"Type", "Num", "Hidden", "Disabled", "LiveStreamIndex", "LiveStreamSettings"}};
 
 TEST(TextFields, EndAtTheirWidthInADevice) { expectFull(GetDeviceParamEncode, ofDevice); }
 
@@ -89,12 +46,12 @@ TEST(TextFields, EndAtTheirWidthInADeviceList) {
     const TiXmlElement* const response = doc->RootElement()->FirstChildElement("response");
     int deviceCount = 0, channelCount = 0;
     for (auto* at = response->FirstChildElement("Devices"); at; at = at->NextSiblingElement("Devices")) {
-        expectFull(*at->FirstChildElement("Device"), ofDevice);
+        expectFull(at->FirstChildElement("Device"), ofDevice);
         ++deviceCount;
     }
     for (auto* at = response->FirstChildElement("Channels"); at; at = at->NextSiblingElement("Channels")) {
         EXPECT_EQ(at->FirstChildElement("DeviceGuid")->GetText(), std::string(48, 'x'));
-        expectFull(*at->FirstChildElement("Video")->FirstChildElement("Channel"), ofChannel);
+        expectFull(at->FirstChildElement("Video")->FirstChildElement("Channel"), ofChannel);
         ++channelCount;
     }
     EXPECT_EQ(deviceCount, 2);

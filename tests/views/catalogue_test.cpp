@@ -1,5 +1,5 @@
 #include "support/encoded.h"
-#include "support/read_back.h"
+#include "support/received.h"
 #include "support/wire.h"
 
 #include <LibVeltoProtocol.h>
@@ -54,6 +54,17 @@ TEST(GetViewGroupsReqEncode, WritesNullTextsAsEmptyElements) {
     </request>
 </servercommandservice>
 )"));
+}
+
+TEST(GetViewGroupsReqEncode, LetsNoHostAddALineToTheHead) {
+    for (const char* host : {"h\r", "h\nX: 1"})
+        EXPECT_EQ(encoded([&](char* out, int size) {
+                      return GetViewGroupsReqEncode(host, "t", 1, "u", out, size);
+                  }).returned,
+                  -1);
+    const Encoded got =
+        encoded([](char* out, int size) { return GetViewGroupsReqEncode(nullptr, "t", 1, "u", out, size); });
+    EXPECT_NE(got.bytes.find("\r\nHost: \r\n"), std::string::npos);
 }
 
 TEST(GetViewGroupsRespEncode, WritesEachRecordInItsOwnOrder) {
@@ -131,6 +142,21 @@ TEST(GetViewGroupsParamEncode, RefusesNullArguments) {
     const __tagVtViewGroupInfo back = GetViewGroupInfoParamDecode(&element, &error);
     EXPECT_TRUE(sameBytes(back, one));
     EXPECT_EQ(error, 0);
+}
+
+TEST(GetViewGroups, ComesBackAtTheClient) {
+    const __tagVtViewGroupInfo infos[] = {info("a & b", true), info("c", false)};
+    const Received got(
+        [&](char* out, int size) { return GetViewGroupsRespEncode(0, 7, infos, 2, out, size); });
+    int counter = 0;
+    GetIntValue(got.command(), "response", "ViewGroupInfoCounter", &counter);
+    EXPECT_EQ(counter, 2);
+    TiXmlElement* entry = got.child("ViewGroupInfo");
+    for (const auto& sent : infos) {
+        EXPECT_TRUE(sameBytes(GetViewGroupInfoParamDecode(entry, nullptr), sent));
+        entry = entry->NextSiblingElement("ViewGroupInfo");
+    }
+    EXPECT_EQ(entry, nullptr);
 }
 
 TEST(GetViewGroupInfoParamDecode, ReadsEveryField) {
