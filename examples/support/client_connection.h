@@ -58,6 +58,20 @@ class ClientConnection {
         return {};
     }
 
+    // Whether something comes within that time. What has come stays for receive().
+    bool comesWithin(std::chrono::milliseconds time) {
+        if (stream_.waiting() > 0) return true;
+        bool comes = false;
+        socket_.async_wait(asio::ip::tcp::socket::wait_read, [&](auto error) {
+            comes = error != asio::error::operation_aborted; // any other error is for receive() to tell
+        });
+        context_.restart();
+        context_.run_for(time);
+        socket_.cancel();
+        context_.run(); // lets the wait end, since it refers to what is here
+        return comes;
+    }
+
   private:
     // Starts an operation and waits until it is done: its length, 0 at the end of the connection.
     template <class Start>

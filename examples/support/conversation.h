@@ -15,6 +15,7 @@
 #include <LibVeltoProtocol.h>
 
 #include <cstdio>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <stdexcept>
@@ -99,15 +100,28 @@ class Conversation {
         expectEnd(connection);
     }
 
-    // Sends a request, waits for its answer and checks what is the same in all answers.
+    // Who subscribes to events gets them at any time, also while an answer is waited for.
+    void whenPushed(std::function<void(const ReceivedMessage&)> handler) { pushed_ = std::move(handler); }
+
+    // Sends a request and waits for its answer.
     ReceivedMessage exchange(ClientConnection& connection, const std::string& request,
                              const std::string& name, unsigned int seqnum) {
+        send(connection, request, name);
+        return awaitAnswer(connection, name, seqnum);
+    }
+
+    void send(ClientConnection& connection, const std::string& request, const std::string& name) {
         save(request, name, "request");
         const auto chunks = splitter_.split(request);
         transcript_.sent(request, chunks.size());
         connection.send(chunks);
+    }
 
+    // The next answer, with what is the same in all answers checked. The server answers in the order of the
+    // requests. Events before it go to their handler.
+    ReceivedMessage awaitAnswer(ClientConnection& connection, const std::string& name, unsigned int seqnum) {
         ReceivedMessage answer = receive(connection, "an answer to " + name);
+        while (takeEvent(answer)) answer = receive(connection, "an answer to " + name);
         show(answer);
         save(answer.bytes(), name, "response");
         int error = -1;
@@ -124,10 +138,15 @@ class Conversation {
         return answer;
     }
 
+    // Waits for an event while there is no answer to come.
+    void awaitEvent(ClientConnection& connection) {
+        expect(takeEvent(receive(connection, "an event")), "an event, since nothing was asked");
+    }
+
     // The next message, whatever it is.
     static ReceivedMessage receive(ClientConnection& connection, const std::string& what) {
         std::optional<std::string> message = connection.receive();
-        expect(message.has_value(), what);
+        expect(message.has_value(), what + " was to come, but the server has ended the connection");
         return ReceivedMessage(std::move(*message));
     }
 
@@ -154,6 +173,18 @@ class Conversation {
     void tell(const std::string& text) { transcript_.line("    " + text); }
 
   private:
+    // An event is told from an answer by its name. Its sequence number is the server's own, so it may be that
+    // of a request as well.
+    bool takeEvent(const ReceivedMessage& message) {
+        int error = -1;
+        if (!pushed_ || !message.document() ||
+            veltoprotocol::GetResponseNameDecode(message.document(), &error) != "NotificationContent")
+            return false;
+        save(message.bytes(), "NotificationContent", "event");
+        pushed_(message);
+        return true;
+    }
+
     void save(const std::string& message, const std::string& name, const std::string& kind) {
         if (options_.folder.empty()) return;
         char number[16];
@@ -169,6 +200,7 @@ class Conversation {
     Transcript transcript_;
     unsigned int nextSeqnum_; // may step from 4294967295 to 0
     unsigned int saved_ = 0;
+    std::function<void(const ReceivedMessage&)> pushed_;
 };
 
 } // namespace example

@@ -5,68 +5,38 @@
 
 #include "support/answer.h"
 #include "support/encoded.h"
+#include "support/event_server.h"
+#include "support/map_server.h"
 #include "support/media_server.h"
 #include "support/received_message.h"
 #include "support/sample_inventory.h"
+#include "support/sessions.h"
+#include "support/view_server.h"
 
 #include <LibVeltoProtocol.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <map>
+#include <chrono>
 #include <optional>
-#include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace example {
 
 // What the server keeps of a connection between two messages.
 struct Visitor {
-    std::string token; // of the last login here
-};
-
-// The users who are logged in, by their tokens. A token outlives its connection, until the logout.
-class Sessions {
-  public:
-    std::string begin(const User& user) {
-        constexpr std::size_t most = 100;
-        if (order_.size() == most) end(std::string(order_.front()));
-        order_.push_back(newToken());
-        users_[order_.back()] = &user;
-        return order_.back();
-    }
-
-    const User* find(const std::string& token) const {
-        const auto found = users_.find(token);
-        return found == users_.end() ? nullptr : found->second;
-    }
-
-    void end(const std::string& token) {
-        users_.erase(token);
-        order_.erase(std::remove(order_.begin(), order_.end(), token), order_.end());
-    }
-
-  private:
-    static std::string newToken() {
-        std::random_device random; // not guessable
-        std::string token;
-        for (int i = 0; i < 4; ++i) {
-            char digits[9];
-            std::snprintf(digits, sizeof digits, "%08x", random());
-            token += digits;
-        }
-        return token;
-    }
-
-    std::map<std::string, const User*> users_;
-    std::vector<std::string> order_; // the oldest first
+    unsigned int seed = 1;                    // for the order of events
+    std::string token;                        // of the last login here
+    std::optional<Subscription> subscription; // once events were asked for
 };
 
 class ManagementServer {
   public:
-    // `mediaFolder` holds the clip and its snapshot; without it there are none.
-    explicit ManagementServer(const std::string& mediaFolder) : media_(mediaFolder) {}
+    // `mediaFolder` holds the clip and its snapshot; without it there are none. `eventsEvery` is the time
+    // between events that come by themselves; 0 for events only around answers.
+    ManagementServer(const std::string& mediaFolder, std::chrono::milliseconds eventsEvery)
+        : media_(mediaFolder), eventsEvery_(eventsEvery) {}
 
     // Nothing is returned for what is no command of the protocol: there is no answer then but to hang up.
     std::optional<Answer> answer(const ReceivedMessage& request, Visitor& visitor) {
@@ -77,9 +47,27 @@ class ManagementServer {
         const std::string name = veltoprotocol::GetRequestNameDecode(request.document(), &noName);
         const unsigned int seqnum = veltoprotocol::GetSeqnumberDecode(request.document(), &noNumber);
         if (noName != 0 || noNumber != 0) return {};
+        Subscription* const before = subscriptionOf(visitor);
+        std::vector<std::string> events = before ? before->beforeAnAnswer() : std::vector<std::string>();
         Answer answer = act(name, seqnum, request, visitor);
         answer.decoded = name + ", seqnum " + std::to_string(seqnum) + answer.decoded;
+        answer.eventsBefore = std::move(events);
+        // The request may have begun the subscription, or ended it.
+        if (Subscription* const behind = subscriptionOf(visitor))
+            answer.eventsBehind = behind->behindAnAnswer();
         return answer;
+    }
+
+    // How long it is until events come by themselves; nothing if none will.
+    std::optional<std::chrono::milliseconds> untilEvents(Visitor& visitor) {
+        Subscription* const subscription = subscriptionOf(visitor);
+        return subscription ? subscription->untilEvents() : std::nullopt;
+    }
+
+    // The events that come by themselves, when it is time for them.
+    std::vector<std::string> events(Visitor& visitor) {
+        Subscription* const subscription = subscriptionOf(visitor);
+        return subscription ? subscription->events() : std::vector<std::string>();
     }
 
   private:
@@ -90,8 +78,19 @@ class ManagementServer {
         if (name == "Logout") return logout(request, seqnum);
         if (name == "GetAllDeviceList" || name == "GetUserDeviceList")
             return deviceList(request, seqnum, name);
-        if (MediaServer::knows(name)) return media(request, seqnum, name);
-        return resultOnly(unknownCommand, seqnum, name);
+        if (!known(name)) return resultOnly(unknownCommand, seqnum, name);
+        const User* const user = sessions_.find(tokenOf(request));
+        if (!user) return resultOnly(notLoggedIn, seqnum, name);
+        if (MediaServer::knows(name)) return media_.act(name, seqnum, request, devicesOf(*user));
+        if (ViewServer::knows(name)) return views_.act(name, seqnum, request, user->guid);
+        if (MapServer::knows(name)) return maps_.act(name, seqnum, request, user->guid);
+        if (name == "SearchHistoryAlarm") return searchHistory(seqnum, request, devicesOf(*user).channels);
+        return subscribe(*user, request, seqnum, visitor);
+    }
+
+    static bool known(const std::string& name) {
+        return MediaServer::knows(name) || ViewServer::knows(name) || MapServer::knows(name) ||
+               name == "SearchHistoryAlarm" || name == "Notification";
     }
 
     Answer login(const ReceivedMessage& request, unsigned int seqnum, Visitor& visitor) {
@@ -142,10 +141,22 @@ class ManagementServer {
         return answer;
     }
 
-    Answer media(const ReceivedMessage& request, unsigned int seqnum, const std::string& name) const {
-        const User* const user = sessions_.find(tokenOf(request));
-        if (!user) return resultOnly(notLoggedIn, seqnum, name);
-        return media_.act(name, seqnum, request, devicesOf(*user));
+    // Events are about the channels that the user may see. Who subscribes again begins anew.
+    Answer subscribe(const User& user, const ReceivedMessage& request, unsigned int seqnum,
+                     Visitor& visitor) const {
+        visitor.subscription.emplace(tokenOf(request), devicesOf(user).channels, visitor.seed, eventsEvery_);
+        Answer answer;
+        answer.message = encoded([&](char* out, int size) {
+            return veltoprotocol::GetNotificationRespEncode(succeeded, seqnum, out, size);
+        });
+        return answer;
+    }
+
+    // A subscription ends with its session, wherever the user logs out.
+    Subscription* subscriptionOf(Visitor& visitor) const {
+        if (visitor.subscription && !sessions_.find(visitor.subscription->token()))
+            visitor.subscription.reset();
+        return visitor.subscription ? &*visitor.subscription : nullptr;
     }
 
     // The message carries no token, so what counts is who has logged in on its connection.
@@ -186,6 +197,9 @@ class ManagementServer {
     const std::vector<User> users_ = sampleUsers();
     const Inventory inventory_ = sampleInventory();
     const MediaServer media_;
+    const std::chrono::milliseconds eventsEvery_;
+    ViewServer views_;
+    MapServer maps_;
     Sessions sessions_;
 };
 

@@ -17,6 +17,7 @@ struct User {
     std::string name;
     std::string password;
     std::vector<std::string> devices; // GUIDs of what this user may see
+    std::string guid;
 };
 
 struct Inventory {
@@ -32,10 +33,18 @@ inline std::string guid(char kind, int number) {
 }
 
 inline std::vector<User> sampleUsers() {
-    return {{"admin", "&<K>\"f'7", {guid('d', 1), guid('d', 2), guid('d', 3), guid('d', 4)}},
-            {"operator", "correct horse", {guid('d', 1), guid('d', 4)}},
-            {"gärtner", "rosen:tulpen", {guid('d', 3)}}, // the user's name ends at the first colon
-            {"guest", "guest", {}}};
+    return {{"admin", "&<K>\"f'7", {guid('d', 1), guid('d', 2), guid('d', 3), guid('d', 4)}, guid('9', 1)},
+            {"operator", "correct horse", {guid('d', 1), guid('d', 4)}, guid('9', 2)},
+            {"gärtner", "rosen:tulpen", {guid('d', 3)}, guid('9', 3)}, // the name ends at the first colon
+            {"guest", "guest", {}, guid('9', 4)}};
+}
+
+// The protocol names no command that tells users their GUIDs, so clients have to know them from elsewhere.
+// Empty for a user that nobody knows.
+inline std::string userGuid(const std::string& name) {
+    for (const User& user : sampleUsers())
+        if (user.name == name) return user.guid;
+    return {};
 }
 
 // Appends a recorder and its channels.

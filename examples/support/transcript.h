@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace example {
 
@@ -76,6 +77,16 @@ class Transcript {
     void sent(std::string_view message, std::size_t chunks) {
         line("--> " + counted(message.size(), "byte") + " in " + counted(chunks, "chunk"));
         show(message);
+    }
+
+    // Several messages that went out as one row of bytes, cut without regard to where one ends.
+    void sent(const std::vector<std::string>& messages, std::size_t chunks) {
+        if (messages.size() == 1) return sent(messages.front(), chunks);
+        std::size_t bytes = 0;
+        for (const std::string& message : messages) bytes += message.size();
+        line("--> " + counted(messages.size(), "message") + ", " + counted(bytes, "byte") + " in " +
+             counted(chunks, "chunk"));
+        for (const std::string& message : messages) show(message);
     }
 
     void received(std::string_view message) {

@@ -22,8 +22,8 @@
  * - Missing values. What a decoder does not find, or finds longer than its field, stays zero; a line tells
  * it. It is no error, unless a function says otherwise.
  * - Error codes. `*error` is 0, or -1 for what was missing; a null `error` is allowed. After
- *   std::bad_alloc, which is all that is ever thrown, `*error` means nothing; nothing leaks, and an element of
- *   the caller's keeps what was written to it by then.
+ *   std::bad_alloc, which is all that is ever thrown, `*error` means nothing; nothing leaks, and an element
+ * of the caller's keeps what was written to it by then.
  * - Diagnostics are lines on standard output, each written by one call.
  * - Threads. There is no state: any number of threads may call anything at once, as long as they share no
  *   output buffer and none releases or changes what another one reads.

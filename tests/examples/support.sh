@@ -69,3 +69,22 @@ talk() {
     timeout 120 "$client" --port "$port" "$@" >"$work/$name.log" 2>&1 || fail "client $name ($*)"
     same "$name" 'Everything was as it should be.' "$(tail -n 1 "$work/$name.log")"
 }
+
+# tampered NAME OLD NEW EXPECTED ARGUMENTS...: a client that gets NEW where the server says OLD, as long as that is;
+# it has to complain with the line EXPECTED. Output in NAME.log.
+tampered() {
+    local name=$1 old=$2 new=$3 expected=$4 proxy tries behind=''
+    shift 4
+    : >"$work/$name.proxy"
+    timeout 120 python3 "$(dirname "${BASH_SOURCE[0]}")/tampering_proxy.py" "$port" "$old" "$new" >>"$work/$name.proxy" 2>&1 &
+    proxy=$!
+    for ((tries = 0; tries < 600; tries++)); do
+        behind=$(sed -n 's/^listening on 127\.0\.0\.1:\([0-9][0-9]*\)$/\1/p' "$work/$name.proxy")
+        [ -z "$behind" ] || break
+        sleep 0.1
+    done
+    [ -n "$behind" ] || fail 'the proxy does not listen'
+    ! timeout 120 "$client" --port "$behind" "$@" >"$work/$name.log" 2>&1 || fail "$name: '$new' for '$old' is not noticed"
+    same "$name" "$expected" "$(tail -n 1 "$work/$name.log")"
+    wait "$proxy" || fail "$name: the proxy"
+}

@@ -1,0 +1,27 @@
+// The command element of a request, and the GUIDs that stand in it.
+#ifndef EXAMPLES_REQUEST_H
+#define EXAMPLES_REQUEST_H
+
+#include "support/received_message.h"
+#include "support/text_fields.h"
+
+#include <LibVeltoProtocol.h>
+#include <tinyxml.h>
+
+#include <string>
+
+namespace example {
+
+// The text of a child of the request; empty if there is none. There is a request: the command's name was read
+// from it.
+inline std::string guidIn(const ReceivedMessage& message, const char* child) {
+    TiXmlElement* const request =
+        message.document()->FirstChildElement("servercommandservice")->FirstChildElement("request");
+    char guid[48] = {};
+    veltoprotocol::GetStringValue(request, "request", child, guid, sizeof guid);
+    return text(guid);
+}
+
+} // namespace example
+
+#endif
