@@ -13,6 +13,7 @@
 #include "veltoprotocol/events.h"
 #include "veltoprotocol/framing.h"
 #include "veltoprotocol/media.h"
+#include "veltoprotocol/recording.h"
 #include "veltoprotocol/views.h"
 
 #endif

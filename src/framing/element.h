@@ -1,8 +1,9 @@
 // The words that a message tree is written with.
 //
 // A tree is a generic lambda over `x`, the element that is being written: x.value() is a child with a text,
-// x.element() a child with attributes and children, x.list() a child per entry. Here x is an Element over
-// one of the sinks; TreeElement (tree.h) has the same words over the XML library's tree.
+// x.element() a child with attributes and children, x.list() a child per entry, x.repeat() the same child
+// again and again. Here x is an Element over one of the sinks; TreeElement (tree.h) has the same words over
+// the XML library's tree.
 #pragma once
 
 #include "framing/fields.h"
@@ -94,6 +95,19 @@ class Element {
     template <std::size_t N, class List, class Tree>
     void list(const char (&name)[N], const List& list, const Tree& tree) {
         for (const auto& entry : list) element(name, [&](auto x) { tree(x, entry); });
+    }
+
+    // The same element so many times.
+    template <std::size_t N, class Integer, class Tree>
+    void repeat(const char (&name)[N], Integer times, const Tree& tree) {
+        if (times < 1) return;
+        if constexpr (Sink::counts) { // measured once: whoever asks for 2^31 of them gets a quick answer
+            const auto before = sink_.mark();
+            element(name, tree);
+            sink_.add((sink_.mark() - before) * (static_cast<std::size_t>(times) - 1));
+        } else {
+            for (Integer i = 0; i < times; ++i) element(name, tree);
+        }
     }
 
   private:

@@ -7,6 +7,7 @@
 #include "framing/shown.h"
 #include "veltoprotocol/framing.h"
 
+#include <array>
 #include <tuple>
 
 namespace veltoprotocol {
@@ -22,6 +23,19 @@ struct AsDeclared {
 // Written in signed decimal, read back unsigned.
 struct Signed {
     static int onWire(unsigned int value) { return static_cast<int>(value); }
+};
+
+// A byte written as so many characters of code 1; a negative one as none.
+struct RunOfOnes {
+    static constexpr auto longest = [] {
+        std::array<char, 127> ones = {};
+        for (char& one : ones) one = 1;
+        return ones;
+    }();
+    static Text onWire(char count) {
+        const auto byte = static_cast<unsigned char>(count);
+        return {longest.data(), byte <= longest.size() ? byte : std::size_t{0}};
+    }
 };
 
 template <class Owner, class Type, std::size_t N, class Form = AsDeclared>
@@ -107,6 +121,8 @@ void readValue(TiXmlElement* element, const Item& item, const char* label, Membe
     constexpr bool attribute = How == Carried::byAttributes;
     if constexpr (std::is_array_v<Member>) {
         (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name, value, item.capacity);
+    } else if constexpr (std::is_same_v<Member, char>) { // a text of one byte
+        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name, &value, 1);
     } else if constexpr (std::is_same_v<Member, bool>) {
         (attribute ? GetBoolValueAtt : GetBoolValue)(element, label, item.name, &value);
     } else if constexpr (std::is_same_v<Member, unsigned int> && attribute) {

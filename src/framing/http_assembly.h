@@ -8,6 +8,7 @@
 namespace veltoprotocol {
 
 constexpr Text commandPath{"/servercommandservice", 21};
+constexpr Text managePath{"/servercommandservice/manage", 28};
 constexpr Text keepAlive{"keep-alive", 10};
 constexpr Text closeConnection{"close", 5};
 

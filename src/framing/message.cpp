@@ -3,6 +3,8 @@
 #include "framing/diagnostics.h"
 #include "veltoprotocol/framing.h"
 
+#include <climits>
+
 #ifdef VELTO_THROUGH_TREE
 #include <memory>
 #endif
@@ -81,6 +83,7 @@ std::size_t xmlLength(const Envelope& envelope, const Body& body) {
 int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size) {
     if (!usable(head, out, size)) return -1;
     const std::size_t length = xmlLength(envelope, body);
+    if (length > INT_MAX) return -1; // no line is as long as that either
     if (envelope.trace) {
         RenderedLine line(envelope.trace, length);
         Write to(line.xml());

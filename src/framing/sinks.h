@@ -10,11 +10,14 @@ namespace veltoprotocol {
 
 class Count {
   public:
+    static constexpr bool counts = true;
+
     template <std::size_t N>
     void literal(const char (&)[N]) {
         bytes_ += N - 1;
     }
     void raw(Text text) { bytes_ += text.size; }
+    void add(std::size_t count) { bytes_ += count; }
     void put(Text text) { bytes_ += escapedLength(text); }
     void put(const NumberText& number) { bytes_ += number.text().size; }
     // ="value" behind an attribute's name
@@ -35,6 +38,8 @@ class Count {
 // Writes without a test of room: whoever makes one has counted first.
 class Write {
   public:
+    static constexpr bool counts = false;
+
     explicit Write(char* out) : at_(out) {}
 
     template <std::size_t N>

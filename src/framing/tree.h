@@ -38,6 +38,11 @@ class TreeElement {
         for (const auto& entry : list) element(name, [&](auto x) { tree(x, entry); });
     }
 
+    template <std::size_t N, class Integer, class Tree>
+    void repeat(const char (&name)[N], Integer times, const Tree& tree) {
+        for (Integer i = 0; i < times; ++i) element(name, tree);
+    }
+
     // What element() takes as its parts, added to this element itself.
     template <std::size_t N, class Value>
     void add(const Attribute<N, Value>& part) {

@@ -52,4 +52,5 @@ def main():
     return 0 if want and want == got and not unmarked else 1
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())

@@ -19,6 +19,7 @@ using Visit = std::function<void(const EncoderCall&)>;
 void visitAdmin(unsigned seed, Texts texts, const Visit& visit);
 void visitEvents(unsigned seed, Texts texts, const Visit& visit);
 void visitMaps(unsigned seed, Texts texts, const Visit& visit);
+void visitRecording(unsigned seed, Texts texts, const Visit& visit);
 void visitMedia(unsigned seed, Texts texts, const Visit& visit);
 void visitViews(unsigned seed, Texts texts, const Visit& visit);
 

@@ -37,15 +37,6 @@ void visitFrame(const FrameArguments& a, const Visit& visit) {
     RESPONSE(HttpRespEncode, a.connection, a.body.data(), a.body.count, out, size);
     RESPONSE(GetRespEncode, a.result, a.seqnum, out, size, a.name, a.connection);
     RESPONSE(GetLogoutRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetAddDeviceRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetUpdateDeviceRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetDeleteDeviceRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetAddStorageRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetUpdateStorageRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetDeleteStorageRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetAddScheduleRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetUpdateScheduleRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetDeleteScheduleRespEncode, a.result, a.seqnum, out, size);
     RESPONSE(GetPlaybackRecordRespEncode, a.result, a.seqnum, out, size);
     RESPONSE(GetPlaybackStopRespEncode, a.result, a.seqnum, out, size);
     RESPONSE(GetDownloadRecordRespEncode, a.result, a.seqnum, out, size);
@@ -53,10 +44,6 @@ void visitFrame(const FrameArguments& a, const Visit& visit) {
     RESPONSE(GetDownloadPictureRespEncode, a.result, a.seqnum, out, size);
     RESPONSE(GetDownloadEMapPictureRespEncode, a.result, a.seqnum, out, size);
     RESPONSE(GetManualRecordRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetAddArchiveRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetUpdateArchiveRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetDeleteArchiveRespEncode, a.result, a.seqnum, out, size);
-    RESPONSE(GetStopSearchDeviceRespEncode, a.result, a.seqnum, out, size);
 
     const bool refused = a.loginResult != 0 && a.loginResult != 2;
     REQUEST(GetLoginReqEncode, a.orNull(a.device), a.host, a.seqnum, out, size);
@@ -76,6 +63,7 @@ void visitEncoders(unsigned seed, Texts texts, const Visit& visit) {
     visitEvents(seed, texts, visit);
     visitMaps(seed, texts, visit);
     visitMedia(seed, texts, visit);
+    visitRecording(seed, texts, visit);
     visitViews(seed, texts, visit);
 }
 

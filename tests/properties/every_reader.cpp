@@ -58,6 +58,13 @@ void readElement(Transcript& transcript, TiXmlElement* element) {
     NOTE(GetString, element);
     NOTE(GetDeviceParamDecode, element, &error);
     NOTE(GetChannelParamDecode, element, &error);
+    NOTE(GetServerParamDecode, element, &error);
+    NOTE(GetUserRightsParamDecode, element, &error);
+    NOTE(GetChannelRightsInfoParamDecode, element, &error);
+    NOTE(GetDeviceNetParamDecode, element, &error);
+    NOTE(GetStorageParamDecode, element, &error);
+    NOTE(GetScheduleParamDecode, element, &error);
+    NOTE(GetArchiveParamDecode, element, &error);
     NOTE(GetPtzReqDecode, element, &error);
     NOTE(GetStartTalkReqDecode, element, &error);
     NOTE(GetSearchRecordDecode, element, &error);
@@ -167,7 +174,13 @@ void readDocument(Transcript& transcript, TiXmlDocument* doc) {
     NOTE(GetPlayBackReqPlayGuidDecode, doc, &error);
     NOTE(GetRealPlayStartRespDecode, doc, &result, &error);
     transcript.note("codes", std::to_string(error) + std::to_string(result));
+    NOTE(GetUserInfoParamDecode, doc, &error);
     readLayouts(transcript, doc);
+    __tagVtSystemRightsInfo rights = __tagVtSystemRightsInfo();
+    rights.ChannelRights = new __tagVtUserChannelRights[2]();
+    rights.ChannelCounter = 2;
+    ReleaseUserInfoParam(&rights);
+    transcript.note("ReleaseUserInfoParam", rights.ChannelCounter);
     readHeapRecords(transcript, doc);
     NOTE(GetXmlLength, doc);
     if (TiXmlElement* const root = doc ? doc->RootElement() : nullptr) readElement(transcript, root);

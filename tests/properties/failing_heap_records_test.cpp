@@ -125,4 +125,16 @@ TEST(MapDecoders, HaveOneBudgetForBothLists) {
     expectLimit("response", GetEMapInfoRespDecode);
 }
 
+// The one array that a caller allocates.
+TEST(ReleaseUserInfoParam, FreesTheArrayOnce) {
+    const long before = failing::live;
+    __tagVtSystemRightsInfo info = __tagVtSystemRightsInfo();
+    info.ChannelRights = new __tagVtUserChannelRights[2]();
+    info.ChannelCounter = 2;
+    ReleaseUserInfoParam(&info);
+    EXPECT_EQ(failing::live, before);
+    ReleaseUserInfoParam(&info);
+    EXPECT_EQ(failing::live, before);
+}
+
 } // namespace
