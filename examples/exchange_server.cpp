@@ -1,5 +1,6 @@
 // A small management server on this machine: answers logins, device lists, heartbeats and logouts over TCP,
-// requests for live video, recordings and pictures; keeps view groups and maps, and pushes events.
+// requests for live video, recordings and pictures; keeps view groups and maps, and what an administrator
+// changes; pushes events.
 //
 //     exchange_server [--port N] [--once] [--seed N] [--no-split] [--full] [--patience N] [--media FOLDER]
 //                     [--events-every N]
@@ -55,7 +56,7 @@ class Listener {
           options_(options),
           retry_(context),
           acceptor_(context, tcp::endpoint(asio::ip::address_v4::loopback(), options.port)),
-          server_(options.mediaFolder, options.eventsEvery) {}
+          server_(options.mediaFolder, options.eventsEvery, port()) {}
 
     unsigned short port() const { return acceptor_.local_endpoint().port(); }
 

@@ -22,7 +22,10 @@ enum Result {
     unknownCommand = 4,
     noSuchThing = 5,
     notWhole = 6,
-    noRoom = 7
+    noRoom = 7,
+    notAllowed = 8,
+    wrongPath = 9,
+    alreadyThere = 10
 };
 
 struct Answer {

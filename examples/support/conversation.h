@@ -35,11 +35,13 @@ struct ClientOptions {
     std::string folder; // for what --save saves; empty to save nothing
 };
 
-inline ClientOptions readClientOptions(Arguments& arguments) {
+// `user` is who logs in if the command line names nobody else.
+inline ClientOptions readClientOptions(Arguments& arguments, const std::string& user = "operator",
+                                       const std::string& password = "correct horse") {
     ClientOptions options;
     options.port = static_cast<unsigned short>(arguments.number("--port", 0, 65535));
-    options.user = arguments.text("--user", "operator");
-    options.password = arguments.text("--password", "correct horse");
+    options.user = arguments.text("--user", user);
+    options.password = arguments.text("--password", password);
     options.seed = arguments.number("--seed", 1, 4294967295U);
     options.firstSeqnum = arguments.number("--first-seqnum", 1, 4294967295U);
     options.split = !arguments.flag("--no-split");

@@ -3,7 +3,9 @@
 #ifndef EXAMPLES_MANAGEMENT_SERVER_H
 #define EXAMPLES_MANAGEMENT_SERVER_H
 
+#include "support/admin_server.h"
 #include "support/answer.h"
+#include "support/device_search.h"
 #include "support/encoded.h"
 #include "support/event_server.h"
 #include "support/map_server.h"
@@ -11,13 +13,14 @@
 #include "support/received_message.h"
 #include "support/sample_inventory.h"
 #include "support/sessions.h"
+#include "support/user_server.h"
 #include "support/view_server.h"
 
 #include <LibVeltoProtocol.h>
 
-#include <algorithm>
 #include <chrono>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,18 +32,20 @@ struct Visitor {
     unsigned int seed = 1;                    // for the order of events
     std::string token;                        // of the last login here
     std::optional<Subscription> subscription; // once events were asked for
+    DeviceSearches searches;                  // that go on
 };
 
 class ManagementServer {
   public:
     // `mediaFolder` holds the clip and its snapshot; without it there are none. `eventsEvery` is the time
-    // between events that come by themselves; 0 for events only around answers.
-    ManagementServer(const std::string& mediaFolder, std::chrono::milliseconds eventsEvery)
-        : media_(mediaFolder), eventsEvery_(eventsEvery) {}
+    // between events that come by themselves; 0 for events only around answers. `port` is where it listens.
+    ManagementServer(const std::string& mediaFolder, std::chrono::milliseconds eventsEvery,
+                     unsigned short port)
+        : media_(mediaFolder), eventsEvery_(eventsEvery), admin_(port) {}
 
     // Nothing is returned for what is no command of the protocol: there is no answer then but to hang up.
     std::optional<Answer> answer(const ReceivedMessage& request, Visitor& visitor) {
-        if (request.uri() != "/servercommandservice") return {};
+        if (!isManaging(request) && request.uri() != "/servercommandservice") return {};
         if (request.isMedia()) return upload(request, visitor);
         int noName = 0;
         int noNumber = 0;
@@ -73,31 +78,54 @@ class ManagementServer {
   private:
     Answer act(const std::string& name, unsigned int seqnum, const ReceivedMessage& request,
                Visitor& visitor) {
+        if (!known(name)) return resultOnly(unknownCommand, seqnum, name);
+        if (AdminServer::manages(name) != isManaging(request))
+            return AdminServer::answer(wrongPath, seqnum, name);
         if (name == "Login") return login(request, seqnum, visitor);
         if (name == "Heartbeat") return heartbeat(seqnum);
         if (name == "Logout") return logout(request, seqnum);
         if (name == "GetAllDeviceList" || name == "GetUserDeviceList")
             return deviceList(request, seqnum, name);
-        if (!known(name)) return resultOnly(unknownCommand, seqnum, name);
+        if (AdminServer::manages(name)) return manage(name, seqnum, request, visitor);
         const User* const user = sessions_.find(tokenOf(request));
         if (!user) return resultOnly(notLoggedIn, seqnum, name);
         if (MediaServer::knows(name)) return media_.act(name, seqnum, request, devicesOf(*user));
         if (ViewServer::knows(name)) return views_.act(name, seqnum, request, user->guid);
+        if (UserServer::knows(name)) return UserServer::act(name, seqnum, request, *user, devicesOf(*user));
+        if (name == "GetServerInfo") return admin_.servers(seqnum);
         if (MapServer::knows(name)) return maps_.act(name, seqnum, request, user->guid);
         if (name == "SearchHistoryAlarm") return searchHistory(seqnum, request, devicesOf(*user).channels);
         return subscribe(*user, request, seqnum, visitor);
     }
 
+    // There are two paths, and each command belongs on one of them.
+    static bool isManaging(const ReceivedMessage& request) {
+        return request.uri() == "/servercommandservice/manage";
+    }
+
     static bool known(const std::string& name) {
-        return MediaServer::knows(name) || ViewServer::knows(name) || MapServer::knows(name) ||
-               name == "SearchHistoryAlarm" || name == "Notification";
+        static const std::set<std::string> others = {
+            "Login",         "Heartbeat",          "Logout",      "GetAllDeviceList", "GetUserDeviceList",
+            "GetServerInfo", "SearchHistoryAlarm", "Notification"};
+        return AdminServer::manages(name) || MediaServer::knows(name) || ViewServer::knows(name) ||
+               MapServer::knows(name) || UserServer::knows(name) || others.count(name) != 0;
+    }
+
+    // These requests carry no token but for one, so what counts is who has logged in on their connection.
+    Answer manage(const std::string& name, unsigned int seqnum, const ReceivedMessage& request,
+                  Visitor& visitor) {
+        const User* const user = sessions_.find(name == "SetServerInfo" ? tokenOf(request) : visitor.token);
+        if (!user) return AdminServer::answer(notLoggedIn, seqnum, name);
+        if (!user->administrator) return AdminServer::answer(notAllowed, seqnum, name);
+        return admin_.manage(name, seqnum, request, visitor.searches);
     }
 
     Answer login(const ReceivedMessage& request, unsigned int seqnum, Visitor& visitor) {
-        const User* const user = findUser(request.credentials());
+        const User* const user = users_.find(request.credentials());
         const std::string token = user ? sessions_.begin(*user) : std::string();
         const int result = user ? succeeded : badCredentials;
         visitor.token = token;
+        visitor.searches = {};
         Answer answer;
         answer.message = encoded([&](char* out, int size) {
             return veltoprotocol::GetLoginRespEncode(result, token.c_str(), seqnum, out, size);
@@ -131,7 +159,7 @@ class ManagementServer {
     Answer deviceList(const ReceivedMessage& request, unsigned int seqnum, const std::string& name) {
         const User* const user = sessions_.find(tokenOf(request));
         if (!user) return resultOnly(notLoggedIn, seqnum, name);
-        const Inventory list = name == "GetAllDeviceList" ? inventory_ : devicesOf(*user);
+        const Inventory list = name == "GetAllDeviceList" ? admin_.devices().all() : devicesOf(*user);
         Answer answer;
         answer.message = encoded([&](char* out, int size) {
             return veltoprotocol::GetDeviceListRespEncode(
@@ -161,8 +189,9 @@ class ManagementServer {
 
     // The message carries no token, so what counts is who has logged in on its connection.
     Answer upload(const ReceivedMessage& request, const Visitor& visitor) const {
-        Answer answer = sessions_.find(visitor.token) ? media_.upload(request)
-                                                      : resultOnly(notLoggedIn, 0, "UploadPicture");
+        Answer answer = isManaging(request)             ? resultOnly(wrongPath, 0, "UploadPicture")
+                        : sessions_.find(visitor.token) ? media_.upload(request)
+                                                        : resultOnly(notLoggedIn, 0, "UploadPicture");
         answer.decoded = "a picture";
         return answer;
     }
@@ -172,32 +201,13 @@ class ManagementServer {
         return veltoprotocol::GetTokenDecode(request.document(), nullptr);
     }
 
-    const User* findUser(const std::string& credentials) const {
-        const std::size_t colon = credentials.find(':');
-        if (colon == std::string::npos) return nullptr;
-        const auto found = std::find_if(users_.begin(), users_.end(), [&](const User& user) {
-            return user.name == credentials.substr(0, colon) &&
-                   user.password == credentials.substr(colon + 1);
-        });
-        return found == users_.end() ? nullptr : &*found;
-    }
+    // What the user may see.
+    Inventory devicesOf(const User& user) const { return admin_.devices().of(user); }
 
-    Inventory devicesOf(const User& user) const {
-        const auto allowed = [&](const std::string& device) {
-            return std::find(user.devices.begin(), user.devices.end(), device) != user.devices.end();
-        };
-        Inventory list;
-        for (const auto& device : inventory_.devices)
-            if (allowed(text(device.Guid))) list.devices.push_back(device);
-        for (const auto& channel : inventory_.channels)
-            if (allowed(text(channel.DeviceGuid))) list.channels.push_back(channel);
-        return list;
-    }
-
-    const std::vector<User> users_ = sampleUsers();
-    const Inventory inventory_ = sampleInventory();
+    const UserServer users_;
     const MediaServer media_;
     const std::chrono::milliseconds eventsEvery_;
+    AdminServer admin_;
     ViewServer views_;
     MapServer maps_;
     Sessions sessions_;

@@ -12,13 +12,15 @@
 
 namespace example {
 
-// The text of a child of the request; empty if there is none. There is a request: the command's name was read
-// from it.
+// There is one: the command's name was read from it.
+inline TiXmlElement* requestOf(const ReceivedMessage& message) {
+    return message.document()->FirstChildElement("servercommandservice")->FirstChildElement("request");
+}
+
+// The text of a child of the request; empty if there is none.
 inline std::string guidIn(const ReceivedMessage& message, const char* child) {
-    TiXmlElement* const request =
-        message.document()->FirstChildElement("servercommandservice")->FirstChildElement("request");
     char guid[48] = {};
-    veltoprotocol::GetStringValue(request, "request", child, guid, sizeof guid);
+    veltoprotocol::GetStringValue(requestOf(message), "request", child, guid, sizeof guid);
     return text(guid);
 }
 

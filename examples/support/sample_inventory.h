@@ -18,6 +18,7 @@ struct User {
     std::string password;
     std::vector<std::string> devices; // GUIDs of what this user may see
     std::string guid;
+    bool administrator = false; // who sees all devices and may change everything
 };
 
 struct Inventory {
@@ -33,10 +34,11 @@ inline std::string guid(char kind, int number) {
 }
 
 inline std::vector<User> sampleUsers() {
-    return {{"admin", "&<K>\"f'7", {guid('d', 1), guid('d', 2), guid('d', 3), guid('d', 4)}, guid('9', 1)},
-            {"operator", "correct horse", {guid('d', 1), guid('d', 4)}, guid('9', 2)},
-            {"gärtner", "rosen:tulpen", {guid('d', 3)}, guid('9', 3)}, // the name ends at the first colon
-            {"guest", "guest", {}, guid('9', 4)}};
+    return {
+        {"admin", "&<K>\"f'7", {guid('d', 1), guid('d', 2), guid('d', 3), guid('d', 4)}, guid('9', 1), true},
+        {"operator", "correct horse", {guid('d', 1), guid('d', 4)}, guid('9', 2)},
+        {"gärtner", "rosen:tulpen", {guid('d', 3)}, guid('9', 3)}, // the name ends at the first colon
+        {"guest", "guest", {}, guid('9', 4)}};
 }
 
 // The protocol names no command that tells users their GUIDs, so clients have to know them from elsewhere.

@@ -1,5 +1,5 @@
-"""tampering_proxy.py PORT OLD NEW: passes one connection on to the example server and changes OLD to NEW in
-what comes back. Both have the same length, so the heads stay right. Ends with the connection."""
+"""tampering_proxy.py PORT OLD NEW: passes connections on to the example server and changes OLD to NEW in what
+comes back. Both have the same length, so the heads stay right. Ends with the first connection."""
 import socket
 import sys
 import threading
@@ -25,14 +25,27 @@ def tamper(source, target):
     target.shutdown(socket.SHUT_WR)
 
 
-with socket.create_server(("127.0.0.1", 0)) as listener:
-    print("listening on 127.0.0.1:%d" % listener.getsockname()[1], flush=True)
-    client, _ = listener.accept()
-server = socket.create_connection(("127.0.0.1", port))
-back = threading.Thread(target=tamper, args=(server, client), daemon=True)
-back.start()
-try:
-    pass_on(client, server)
-    back.join(60)
-except OSError:
-    pass  # one of the two is gone
+def serve(client):
+    server = socket.create_connection(("127.0.0.1", port))
+    for one in (client, server):
+        one.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)  # or small chunks wait for each other
+    back = threading.Thread(target=tamper, args=(server, client), daemon=True)
+    back.start()
+    try:
+        pass_on(client, server)
+        back.join(60)
+    except OSError:
+        pass  # one of the two is gone
+
+
+def serve_others(listener):
+    while True:
+        client, _ = listener.accept()
+        threading.Thread(target=serve, args=(client,), daemon=True).start()
+
+
+listener = socket.create_server(("127.0.0.1", 0))
+print("listening on 127.0.0.1:%d" % listener.getsockname()[1], flush=True)
+first, _ = listener.accept()
+threading.Thread(target=serve_others, args=(listener,), daemon=True).start()
+serve(first)
