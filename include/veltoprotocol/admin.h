@@ -98,7 +98,7 @@ struct __tagVtUserRights {
 struct __tagVtUserInfo {
     char UserGuid[48];        ///< The user's GUID.
     char Id[48];              ///< The user's identifier.
-    char AdsPath[48];         ///< The user's path in a directory service.
+    char AdsPath[48];         ///< The user's ADs path.
     char UserName[160];       ///< Name; readers take at most 80 bytes.
     int Authclass;            ///< How the user is authenticated, the application's code.
     char SId[48];             ///< The user's security identifier.
@@ -119,16 +119,16 @@ struct __tagVtUserChannelRights {
     bool videobrowse;       ///< Browsing video.
     bool ptz;               ///< PTZ control.
     bool managepresets;     ///< Managing PTZ presets.
-    bool outputs;           ///< Alarm outputs.
+    bool outputs;           ///< Outputs.
     bool presets;           ///< Using PTZ presets.
     bool events;            ///< Events.
-    bool smartsearch;       ///< Search for motion in recordings.
-    bool sequences;         ///< Sequences of recordings.
+    bool smartsearch;       ///< Smart search.
+    bool sequences;         ///< Sequences.
     bool startrecording;    ///< Starting a recording.
     bool audiolive;         ///< Live audio.
     bool audiobrowse;       ///< Browsing audio.
-    bool speakerlive;       ///< Listening to the loudspeaker.
-    bool speakerspeak;      ///< Speaking by the loudspeaker.
+    bool speakerlive;       ///< Speaker, live.
+    bool speakerspeak;      ///< Speaker, speaking.
     bool subscriptionalarm; ///< Subscribing to alarms.
 };
 
@@ -285,7 +285,8 @@ VELTOPROTOCOL_API int GetUserDeviceListRespEncode(int result, unsigned int seqnu
  */
 
 /**
- * Writes devices and channels in the shape of a device list, under a command name of the caller's.
+ * Writes devices and channels in the shape of a device list, under a command name of the caller's. The devices'
+ * passwords go out in clear.
  * @param devices      Array of deviceCount records; null gives -1.
  * @param deviceCount  Number of devices; below 1 gives -1.
  * @param channels     Array of channelCount records; null gives -1.
@@ -326,7 +327,7 @@ VELTOPROTOCOL_API int GetDeleteDeviceReqEncode(const __tagVtDeviceParam* devices
  */
 
 /**
- * Writes the request to search the network for devices.
+ * Writes the request to search the network for devices. The password of the template goes out in clear.
  * @param device   What to look for; null gives -1.
  * @param multiNet Switch for a search in several networks, written in decimal.
  * @param host     Value of the Host header; must not hold CR or LF; null is empty text.
@@ -537,7 +538,7 @@ VELTOPROTOCOL_API __tagVtUserRights GetUserRightsParamDecode(TiXmlElement* userR
  */
 VELTOPROTOCOL_API __tagVtUserChannelRights GetChannelRightsInfoParamDecode(TiXmlElement* channel, int* error);
 
-/** Frees the array ChannelRights by delete[], and makes it null and its count 0; the user stays. Null is
+/** Frees the array ChannelRights, if there is one, by delete[], and makes it null and its count 0; the user stays. Null is
  * ignored. */
 VELTOPROTOCOL_API void ReleaseUserInfoParam(__tagVtSystemRightsInfo* info);
 

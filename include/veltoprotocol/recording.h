@@ -20,7 +20,7 @@ namespace veltoprotocol {
 struct __tagVtStorageInfo {
     char ChannelGuid[48];    ///< The channel.
     char DatabasePath[256];  ///< Where the channel records to.
-    char reserved[256];      ///< Never carried.
+    char reserved[256];      ///< Never carried; zero after decoding.
     char ArchivePath[256];   ///< Where recordings are moved to.
     char PathNonUNC[256];    ///< Both paths without UNC: sent as DatabasePathNonUNC and ArchivePathNonUNC.
     int DBRepairStrategy;    ///< The application's code.
@@ -40,12 +40,12 @@ struct __tagVtStorageInfo {
     bool SaveOnMotion;       ///< Whether motion starts a recording.
     char SaveStartEvent[48]; ///< The event that starts it.
     char SaveStopEvent[48];  ///< The event that ends it.
-    char reserved2[114];     ///< Never carried.
+    char reserved2[114];     ///< Never carried; zero after decoding.
     char Schedules[2048];    ///< The schedule, in the application's syntax.
-    char reserved3[4];       ///< Never carried.
+    char reserved3[4];       ///< Never carried; zero after decoding.
     int ManualRecordSecs;    ///< Seconds, for recordings by hand.
     int VideoStreamType;     ///< Which stream, the application's code.
-    char reserved4[16];      ///< Never carried.
+    char reserved4[16];      ///< Never carried; zero after decoding.
 };
 
 /** One named schedule. */

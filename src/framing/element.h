@@ -104,7 +104,7 @@ class Element {
         if constexpr (Sink::counts) { // measured once: whoever asks for 2^31 of them gets a quick answer
             const auto before = sink_.mark();
             element(name, tree);
-            sink_.add((sink_.mark() - before) * (static_cast<std::size_t>(times) - 1));
+            sink_.add((sink_.mark() - before) * (static_cast<std::uint64_t>(times) - 1));
         } else {
             for (Integer i = 0; i < times; ++i) element(name, tree);
         }

@@ -101,12 +101,13 @@ template <class WriteBody>
 int deliver(const Head& head, std::size_t bodyLength, const WriteBody& writeBody, char* out, int size) {
     Count start;
     head.write(start, bodyLength);
+    const auto headLength = static_cast<std::size_t>(start.bytes()); // of texts that lie in memory
     const auto room = static_cast<std::size_t>(size);
-    if (bodyLength > room || start.bytes() > room - bodyLength) return -1;
+    if (bodyLength > room || headLength > room - bodyLength) return -1;
     Write to(out);
     head.write(to, bodyLength);
     writeBody(to);
-    return static_cast<int>(start.bytes() + bodyLength);
+    return static_cast<int>(headLength + bodyLength);
 }
 
 // Bytes of the caller's that are sent as they stand; absent if the length is negative, or positive without

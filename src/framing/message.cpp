@@ -77,13 +77,15 @@ void document(X x, const Envelope& envelope, const Body& body) {
 std::size_t xmlLength(const Envelope& envelope, const Body& body) {
     Count xml;
     document(Element<Count, 0>(xml), envelope, body);
-    return xml.bytes();
+    return static_cast<std::size_t>(xml.bytes());
 }
 
 int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size) {
     if (!usable(head, out, size)) return -1;
-    const std::size_t length = xmlLength(envelope, body);
-    if (length > INT_MAX) return -1; // no line is as long as that either
+    Count xml;
+    document(Element<Count, 0>(xml), envelope, body);
+    if (xml.bytes() > INT_MAX) return -1; // no line is as long as that either
+    const auto length = static_cast<std::size_t>(xml.bytes());
     if (envelope.trace) {
         RenderedLine line(envelope.trace, length);
         Write to(line.xml());

@@ -6,6 +6,8 @@
 #include "framing/escape.h"
 #include "framing/shown.h"
 
+#include <cstdint>
+
 namespace veltoprotocol {
 
 class Count {
@@ -17,7 +19,7 @@ class Count {
         bytes_ += N - 1;
     }
     void raw(Text text) { bytes_ += text.size; }
-    void add(std::size_t count) { bytes_ += count; }
+    void add(std::uint64_t count) { bytes_ += count; }
     void put(Text text) { bytes_ += escapedLength(text); }
     void put(const NumberText& number) { bytes_ += number.text().size; }
     // ="value" behind an attribute's name
@@ -27,12 +29,12 @@ class Count {
         put(value);
     }
 
-    std::size_t mark() const { return bytes_; }
+    std::uint64_t mark() const { return bytes_; }
     void retract(std::size_t count) { bytes_ -= count; }
-    std::size_t bytes() const { return bytes_; }
+    std::uint64_t bytes() const { return bytes_; }
 
   private:
-    std::size_t bytes_ = 0;
+    std::uint64_t bytes_ = 0; // wide enough for 2^32 of the longest elements
 };
 
 // Writes without a test of room: whoever makes one has counted first.

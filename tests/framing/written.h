@@ -19,7 +19,7 @@ std::string written(const Tree& tree) {
 
     Count length;
     Element<Count, 0>(length).element("servercommandservice", envelope);
-    GuardedPage page(length.bytes());
+    GuardedPage page(static_cast<std::size_t>(length.bytes()));
     Write to(page.data());
     Element<Write, 0>(to).element("servercommandservice", envelope);
     EXPECT_EQ(to.mark(), page.data() + page.size()) << "counted otherwise than written";

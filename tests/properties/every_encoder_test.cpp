@@ -78,12 +78,31 @@ TEST(EveryEncoder, TakesWhatIsWithinTheRules) {
     for (const auto& [name, count] : taken) EXPECT_GE(count, 30) << name;
     EXPECT_EQ(taken.size(), written(0).size());
     // Those with a text in their head, and those that need a record.
-    for (const char* name :
-         {"HttpReqEncode", "HttpRespEncode", "GetRespEncode", "GetLoginReqEncode", "GetLogoutReqEncode",
-          "GetHeartBeatReqEncode", "GetDeviceListReqEncode", "GetDeviceParamEncode", "GetChannelParamEncode",
-          "GetPtzReqEncode", "GetDataReqEncode", "GetViewGroupsReqEncode", "GetSetViewGroupDataReqEncode",
-          "GetCarouselEncode", "GetNotificationContentReqEncode", "GetSearchHistoryAlarmReqEncode",
-          "GetEMapInfoReqEncode", "GetUploadPictureDataEncode", "GetDownloadPictureReqEncode"})
+    for (const char* name : {"HttpReqEncode",
+                             "HttpRespEncode",
+                             "GetRespEncode",
+                             "GetLoginReqEncode",
+                             "GetLogoutReqEncode",
+                             "GetHeartBeatReqEncode",
+                             "GetDeviceListReqEncode",
+                             "GetDeviceParamEncode",
+                             "GetChannelParamEncode",
+                             "GetPtzReqEncode",
+                             "GetDataReqEncode",
+                             "GetViewGroupsReqEncode",
+                             "GetSetViewGroupDataReqEncode",
+                             "GetCarouselEncode",
+                             "GetNotificationContentReqEncode",
+                             "GetSearchHistoryAlarmReqEncode",
+                             "GetEMapInfoReqEncode",
+                             "GetUploadPictureDataEncode",
+                             "GetDeviceEncode",
+                             "GetStorageEncode",
+                             "GetScheduleEncode",
+                             "GetArchiveEncode",
+                             "GetStartSearchDeviceReqEncode",
+                             "GetStorageParamEncode",
+                             "GetDownloadPictureReqEncode"})
         EXPECT_GE(refused[name], 5) << name;
 }
 

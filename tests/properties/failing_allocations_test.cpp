@@ -135,16 +135,16 @@ TEST(GetSearchRecordRespEncode, FreesEverythingAndWritesNothingWhenMemoryIsExhau
     EXPECT_FALSE(wroteAndFailed);
 }
 
-// Of the encoders that are not about records, only one that prints a line of unusual length allocates.
-TEST(GetRealPlayStartReqEncode, WritesNothingWhenThereIsNoMemoryForItsLine) {
-    const std::string channel(5000, 'c');
+// Of the encoders that are not about records, only those that print a line of unusual length allocate.
+template <class Encode>
+void expectNothingWithoutMemoryForItsLine(const Encode& encode) {
     std::vector<char> out(8192, 'u');
     const std::vector<char> untouched = out;
     Captured quiet;
     failing::untilFailure = 1;
     bool threw = false;
     try {
-        GetRealPlayStartReqEncode("t", channel.c_str(), 0, "h", 1, out.data(), static_cast<int>(out.size()));
+        encode(out.data(), static_cast<int>(out.size()));
     } catch (const std::bad_alloc&) {
         threw = true;
     }
@@ -152,6 +152,20 @@ TEST(GetRealPlayStartReqEncode, WritesNothingWhenThereIsNoMemoryForItsLine) {
     EXPECT_EQ(quiet.text(), "");
     EXPECT_TRUE(threw);
     EXPECT_EQ(out, untouched);
+}
+
+TEST(GetRealPlayStartReqEncode, WritesNothingWhenThereIsNoMemoryForItsLine) {
+    const std::string channel(5000, 'c');
+    expectNothingWithoutMemoryForItsLine([&](char* out, int size) {
+        return GetRealPlayStartReqEncode("t", channel.c_str(), 0, "h", 1, out, size);
+    });
+}
+
+TEST(GetScheduleEncode, WritesNothingWhenThereIsNoMemoryForItsLine) {
+    const __tagVtChannelScheduleInfo schedule = __tagVtChannelScheduleInfo();
+    expectNothingWithoutMemoryForItsLine([&](char* out, int size) {
+        return GetScheduleEncode(&schedule, 10, "h", 1, out, size, "AddSchedule");
+    });
 }
 
 TEST(Decode, ThrowsWhenMemoryIsExhaustedAndParsesAfterwards) {
