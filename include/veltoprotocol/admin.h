@@ -285,8 +285,8 @@ VELTOPROTOCOL_API int GetUserDeviceListRespEncode(int result, unsigned int seqnu
  */
 
 /**
- * Writes devices and channels in the shape of a device list, under a command name of the caller's. The devices'
- * passwords go out in clear.
+ * Writes devices and channels in the shape of a device list, under a command name of the caller's. The
+ * devices' passwords go out in clear.
  * @param devices      Array of deviceCount records; null gives -1.
  * @param deviceCount  Number of devices; below 1 gives -1.
  * @param channels     Array of channelCount records; null gives -1.
@@ -538,8 +538,8 @@ VELTOPROTOCOL_API __tagVtUserRights GetUserRightsParamDecode(TiXmlElement* userR
  */
 VELTOPROTOCOL_API __tagVtUserChannelRights GetChannelRightsInfoParamDecode(TiXmlElement* channel, int* error);
 
-/** Frees the array ChannelRights, if there is one, by delete[], and makes it null and its count 0; the user stays. Null is
- * ignored. */
+/** Frees the array ChannelRights, if there is one, by delete[], and makes it null and its count 0; the user
+ * stays. Null is ignored. */
 VELTOPROTOCOL_API void ReleaseUserInfoParam(__tagVtSystemRightsInfo* info);
 
 /** @} */
