@@ -16,7 +16,7 @@ using namespace veltoprotocol;
 using Reader = std::function<bool(TiXmlDocument*)>;
 
 template <class Decoder>
-bool silent(const Decoder& decode) {
+bool silent(Decoder decode) {
     int error = 7;
     Captured captured;
     decode(&error);
@@ -24,12 +24,12 @@ bool silent(const Decoder& decode) {
 }
 
 template <class Decoder>
-Reader ofDocument(const Decoder& decode) {
+Reader ofDocument(Decoder decode) {
     return [decode](TiXmlDocument* doc) { return silent([&](int* error) { decode(doc, error); }); };
 }
 
 template <class Decoder>
-Reader ofHeapRecord(const Decoder& decode, void (*release)(decltype(decode(nullptr, nullptr)))) {
+Reader ofHeapRecord(Decoder decode, void (*release)(decltype(decode(nullptr, nullptr)))) {
     return [decode, release](TiXmlDocument* doc) {
         decltype(decode(nullptr, nullptr)) made = nullptr;
         const bool found = silent([&](int* error) { made = decode(doc, error); });
@@ -40,7 +40,7 @@ Reader ofHeapRecord(const Decoder& decode, void (*release)(decltype(decode(nullp
 }
 
 template <class Decoder>
-bool anyElement(TiXmlElement* element, const Decoder& decode) {
+bool anyElement(TiXmlElement* element, Decoder decode) {
     if (silent([&](int* error) { decode(element, error); })) return true;
     for (TiXmlElement* child = element->FirstChildElement(); child; child = child->NextSiblingElement())
         if (anyElement(child, decode)) return true;
@@ -48,12 +48,12 @@ bool anyElement(TiXmlElement* element, const Decoder& decode) {
 }
 
 template <class Decoder>
-Reader ofElement(const Decoder& decode) {
+Reader ofElement(Decoder decode) {
     return [decode](TiXmlDocument* doc) { return anyElement(doc->RootElement(), decode); };
 }
 
 template <class Decoder>
-Reader ofText(const Decoder& decode) {
+Reader ofText(Decoder decode) {
     return [decode](TiXmlDocument* doc) {
         return silent([&](int* error) {
             if (decode(doc, error).empty()) *error = -1;
