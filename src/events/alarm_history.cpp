@@ -63,7 +63,7 @@ void readSearchParam(TiXmlElement* param, Search& search) {
     // kept: one integer for the three, not reset between them, so what is missing repeats the one before it
     int number = 0;
     kindFields.each([&](const auto& item) {
-        GetIntValueAtt(param, kindFields.label, item.name, &number);
+        GetIntValueAtt(param, kindFields.label, item.name.text, &number);
         search.*item.member = number;
     });
     readFields(param, pageFields, search);

@@ -51,8 +51,10 @@ constexpr bool isRecord = false;
 template <class List, class Record>
 constexpr bool isRecord<Bound<List, Record>> = true;
 
-inline bool absent(Text text) { return text.absent(); }
-inline bool absent(const NumberText&) { return false; }
+template <class Shown>
+bool absent(const Shown& value) {
+    return value.absent();
+}
 
 template <class Sink, int Depth>
 class Element {
@@ -63,7 +65,7 @@ class Element {
 
     // <Name>value</Name>; a null text gives <Name />, an empty one <Name></Name>
     template <std::size_t N, class Value>
-    void value(const char (&name)[N], const Value& value) {
+    VELTO_INLINE void value(const char (&name)[N], const Value& value) {
         const auto text = shown(value);
         open(name);
         if (absent(text)) return sink_.literal(" />\n");
@@ -73,7 +75,7 @@ class Element {
     }
 
     template <std::size_t N, class... Parts>
-    void element(const char (&name)[N], const Parts&... parts) {
+    VELTO_INLINE void element(const char (&name)[N], const Parts&... parts) {
         open(name);
         (inTag(parts), ...);
         if constexpr ((standsInTag<Parts> && ...)) {
@@ -93,25 +95,34 @@ class Element {
 
     // An element for each entry.
     template <std::size_t N, class List, class Tree>
-    void list(const char (&name)[N], const List& list, const Tree& tree) {
-        for (const auto& entry : list) element(name, [&](auto x) { tree(x, entry); });
+    VELTO_INLINE void list(const char (&name)[N], const List& list, const Tree& tree) {
+        for (const auto& entry : list) element(name, [&](auto x) VELTO_INLINED { tree(x, entry); });
     }
 
     // The same element so many times.
     template <std::size_t N, class Integer, class Tree>
-    void repeat(const char (&name)[N], Integer times, const Tree& tree) {
+    VELTO_INLINE void repeat(const char (&name)[N], Integer times, const Tree& tree) {
         if (times < 1) return;
         if constexpr (Sink::counts) { // measured once: whoever asks for 2^31 of them gets a quick answer
-            const auto before = sink_.mark();
+            const Sink before = sink_;
             element(name, tree);
-            sink_.add((sink_.mark() - before) * (static_cast<std::uint64_t>(times) - 1));
+            sink_.repeat(before, static_cast<std::uint64_t>(times) - 1);
         } else {
             for (Integer i = 0; i < times; ++i) element(name, tree);
         }
     }
 
+    // Runs a tree over a sink of its own, which can stay in registers: what is written through this one might
+    // lie in the bytes that are written.
+    template <class Tree>
+    VELTO_INLINE void locally(const Tree& tree) {
+        Sink sink = sink_;
+        tree(Element(sink));
+        sink_ = sink;
+    }
+
   private:
-    void indent() {
+    VELTO_INLINE void indent() {
         if constexpr (Depth > 0) {
             char blanks[static_cast<std::size_t>(4 * Depth) + 1];
             std::memset(blanks, ' ', 4 * Depth);
@@ -119,50 +130,66 @@ class Element {
         }
     }
     template <std::size_t N>
-    void open(const char (&name)[N]) {
+    VELTO_INLINE void open(const char (&name)[N]) {
         indent();
         sink_.literal("<");
         sink_.literal(name);
     }
     template <std::size_t N>
-    void close(const char (&name)[N]) {
+    VELTO_INLINE void close(const char (&name)[N]) {
         sink_.literal("</");
         sink_.literal(name);
         sink_.literal(">\n");
     }
 
     template <std::size_t N, class Value>
-    void writeAttribute(const char (&name)[N], const Value& value) {
-        const auto text = shown(value);
+    VELTO_INLINE void inTag(const Attribute<N, Value>& part) {
+        const auto text = shown(part.value);
         if (absent(text)) return;
         sink_.literal(" ");
-        sink_.literal(name);
+        sink_.literal(part.name);
+        sink_.literal("=\"");
         sink_.quoted(text);
     }
-
-    template <std::size_t N, class Value>
-    void inTag(const Attribute<N, Value>& part) {
-        writeAttribute(part.name, part.value);
-    }
     template <class Part>
-    void inTag(const Part& part) {
+    VELTO_INLINE void inTag(const Part& part) {
         if constexpr (standsInTag<Part>)
-            part.list.each([&](const auto& item) {
-                if (item.written) writeAttribute(item.name, item.onWire(part.record));
+            part.list.each([&](const auto& item) VELTO_INLINED {
+                if (!item.written) return;
+                const auto text = shown(item.onWire(part.record));
+                if (absent(text)) return;
+                sink_.literal(item.name.attribute);
+                sink_.quoted(text);
             });
     }
 
     template <class Part>
-    void inside(const Part& part) {
+    VELTO_INLINE void inside(const Part& part) {
         Element<Sink, Depth + 1> x(sink_);
         if constexpr (standsInTag<Part>) {
         } else if constexpr (isRecord<Part>) {
-            part.list.each([&](const auto& item) {
-                if (item.written) x.value(item.name, item.onWire(part.record));
+            part.list.each([&](const auto& item) VELTO_INLINED {
+                if (item.written) x.valueOf(item, part.record);
             });
         } else {
             part(x);
         }
+    }
+
+    template <class, int>
+    friend class Element;
+
+    template <class Item, class Record>
+    VELTO_INLINE void valueOf(const Item& item, const Record& record) {
+        const auto text = shown(item.onWire(record));
+        if (absent(text)) {
+            open(item.name.text);
+            return sink_.literal(" />\n");
+        }
+        indent();
+        sink_.literal(item.name.opening);
+        sink_.put(text);
+        sink_.literal(item.name.closing);
     }
 
     Sink& sink_;

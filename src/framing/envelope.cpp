@@ -10,7 +10,11 @@
 namespace veltoprotocol {
 namespace {
 
-std::string decimal(NumberText number) { return {number.text().data, number.text().size}; }
+template <class Integer>
+std::string decimal(Integer value) {
+    char digits[Number<Integer>::longest];
+    return {digits, Number<Integer>{value}.write(digits)};
+}
 
 // False if the document refuses the printer.
 bool print(TiXmlDocument* doc, TiXmlPrinter& printer) {
@@ -66,8 +70,8 @@ int GetXmlLength(TiXmlDocument* doc) {
     return printer.Size() > INT_MAX ? -1 : static_cast<int>(printer.Size());
 }
 
-std::string ItoString(int value) { return decimal(NumberText(value)); }
+std::string ItoString(int value) { return decimal(value); }
 
-std::string UitoString(unsigned int value) { return decimal(NumberText(value)); }
+std::string UitoString(unsigned int value) { return decimal(value); }
 
 } // namespace veltoprotocol

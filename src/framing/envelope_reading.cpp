@@ -36,7 +36,7 @@ std::string GetVersionDecode(TiXmlDocument* doc, int* error) {
     const Walk root = Walk(doc, error).required("servercommandservice");
     char version[32] = {};
     GetStringValue(root.element(), "servercommandservice", "version", version, sizeof version);
-    const Text text = shown(version);
+    const Text text = shown(version).text();
     return {text.data, text.size};
 }
 

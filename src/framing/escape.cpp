@@ -1,37 +1,11 @@
-// Nearly all text needs no escaping, so it is looked at eight bytes at a time and copied in runs.
 #include "framing/escape.h"
-
-#include <cstdint>
 
 namespace veltoprotocol {
 namespace {
 
-constexpr std::uint64_t everyByte(unsigned char value) { return 0x0101010101010101u * value; }
-
-// The highest bit of each byte that is zero. Above the first such byte there may be false ones.
-constexpr std::uint64_t zeroBytes(std::uint64_t eight) {
-    return (eight - everyByte(1)) & ~eight & everyByte(0x80);
-}
-constexpr std::uint64_t bytesBelow32(std::uint64_t eight) {
-    return (eight - everyByte(32)) & ~eight & everyByte(0x80);
-}
-
-constexpr bool isSpecial(unsigned char byte) {
-    return byte < 32 || byte == '&' || byte == '<' || byte == '>' || byte == '"' || byte == '\'';
-}
-
-// The first byte that cannot stand as it is, or the end.
+// The first byte that cannot stand as it is, or the end. A NUL, which no text holds, would be one.
 const char* firstSpecial(const char* from, const char* end) {
-    for (; end - from >= 8; from += 8) {
-        std::uint64_t eight;
-        std::memcpy(&eight, from, 8);
-        const std::uint64_t special = bytesBelow32(eight) | zeroBytes(eight ^ everyByte('&')) |
-                                      zeroBytes(eight ^ everyByte('<')) | zeroBytes(eight ^ everyByte('>')) |
-                                      zeroBytes(eight ^ everyByte('"')) | zeroBytes(eight ^ everyByte('\''));
-        if (special != 0) break;
-    }
-    while (from < end && !isSpecial(static_cast<unsigned char>(*from))) ++from;
-    return from;
+    return firstOf(from, end, [](const auto& block) { return block.stops(); });
 }
 
 struct Reference {
@@ -85,6 +59,16 @@ char* writeEscaped(char* to, Text text) {
         from = special + 1;
     }
     return to;
+}
+
+// kept: as the XML library prints it
+char* writeEscapedAndQuote(char* to, Text text) {
+    const bool apostrophes = text.size > 0 && std::memchr(text.data, '"', text.size) != nullptr;
+    const char quote = apostrophes ? '\'' : '"';
+    to[-1] = quote;
+    to = writeEscaped(to, text);
+    *to = quote;
+    return to + 1;
 }
 
 } // namespace veltoprotocol

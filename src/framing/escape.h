@@ -6,9 +6,15 @@
 
 namespace veltoprotocol {
 
+constexpr std::size_t longestReference = 6; // of what may stand for one byte
+
 std::size_t escapedLength(Text text);
 
 // Writes escapedLength(text) bytes and returns their end.
 char* writeEscaped(char* to, Text text);
+
+// The same with the quote that closes the text of an attribute. The opening quote stands in front of `to`; a
+// text that holds double quotes stands between apostrophes.
+char* writeEscapedAndQuote(char* to, Text text);
 
 } // namespace veltoprotocol

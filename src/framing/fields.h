@@ -4,7 +4,7 @@
 // only read, another wire form) stands in its list; a member whose type has no wire form does not compile.
 #pragma once
 
-#include "framing/shown.h"
+#include "framing/sinks.h"
 #include "veltoprotocol/framing.h"
 
 #include <array>
@@ -42,7 +42,7 @@ template <class Owner, class Type, std::size_t N, class Form = AsDeclared>
 struct Field {
     using Member = Type;
 
-    const char (&name)[N]; // as the peer spells it, misspellings included
+    Name<N> name; // as the peer spells it, misspellings included
     Member Owner::*member;
     int capacity = sizeof(Member);    // longest text that a reader takes
     const char* label = nullptr;      // in diagnostics, where it is not the list's
@@ -69,7 +69,7 @@ struct Field {
 
 template <std::size_t N, class Owner, class Member>
 constexpr Field<Owner, Member, N> field(const char (&name)[N], Member Owner::*member) {
-    return {name, member};
+    return {Name<N>(name), member};
 }
 
 enum class Carried { byAttributes, byElements };
@@ -90,8 +90,8 @@ struct Fields {
     std::tuple<Items...> items;
 
     template <class Visit>
-    constexpr void each(Visit&& visit) const {
-        std::apply([&](const auto&... item) { (visit(item), ...); }, items);
+    VELTO_INLINE constexpr void each(Visit&& visit) const {
+        std::apply([&](const auto&... item) VELTO_INLINED { (visit(item), ...); }, items);
     }
     constexpr Bound<Fields, Owner> operator()(const Owner& record) const { return {*this, record}; }
     constexpr Fields labelled(const char* other) const { return {other, items}; }
@@ -120,20 +120,21 @@ template <Carried How, class Item, class Member>
 void readValue(TiXmlElement* element, const Item& item, const char* label, Member& value) {
     constexpr bool attribute = How == Carried::byAttributes;
     if constexpr (std::is_array_v<Member>) {
-        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name, value, item.capacity);
+        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name.text, value,
+                                                         item.capacity);
     } else if constexpr (std::is_same_v<Member, char>) { // a text of one byte
-        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name, &value, 1);
+        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name.text, &value, 1);
     } else if constexpr (std::is_same_v<Member, bool>) {
-        (attribute ? GetBoolValueAtt : GetBoolValue)(element, label, item.name, &value);
+        (attribute ? GetBoolValueAtt : GetBoolValue)(element, label, item.name.text, &value);
     } else if constexpr (std::is_same_v<Member, unsigned int> && attribute) {
-        GetUIntValueAtt(element, label, item.name, &value);
+        GetUIntValueAtt(element, label, item.name.text, &value);
     } else if constexpr (std::is_same_v<Member, unsigned int>) {
         unsigned long wide = value;
-        GetUIntValue(element, label, item.name, &wide);
+        GetUIntValue(element, label, item.name.text, &wide);
         value = static_cast<unsigned int>(wide);
     } else {
         int number = static_cast<int>(value);
-        (attribute ? GetIntValueAtt : GetIntValue)(element, label, item.name, &number);
+        (attribute ? GetIntValueAtt : GetIntValue)(element, label, item.name.text, &number);
         value = static_cast<Member>(number);
     }
 }

@@ -12,34 +12,39 @@ constexpr Text managePath{"/servercommandservice/manage", 28};
 constexpr Text keepAlive{"keep-alive", 10};
 constexpr Text closeConnection{"close", 5};
 
+inline bool operator==(Text left, Text right) {
+    return left.size == right.size && std::memcmp(left.data, right.data, left.size) == 0;
+}
+
 // One head. Its texts are the caller's and go out as given, so breaksLine() is asked before anything else.
+// What nearly all heads have in common is written as one literal.
 class Head {
   public:
     static Head request(Text path, Text host, Text connection) {
-        Head head;
-        head.isRequest_ = true;
+        Head head(connection);
+        head.start_ = path == commandPath ? Start::command : path == managePath ? Start::manage : Start::path;
         head.target_ = path;
         head.host_ = host;
-        head.connection_ = connection;
         return head;
     }
-    static Head response(Text connection, Text status = {"200 OK", 6}) {
-        Head head;
+    static Head response(Text connection) { return Head(connection); }
+    static Head response(Text connection, Text status) {
+        Head head(connection);
+        head.start_ = Start::status;
         head.target_ = status;
-        head.connection_ = connection;
         return head;
     }
     // Adds "Authorization: Basic" with credentials that are Base64 text already.
     Head withBasicCredentials(Text base64) const {
         Head head = *this;
         head.credentials_ = base64;
+        head.common_ = false;
         return head;
     }
 
     // A body that is not XML.
     Head withContentType(Text type) const {
-        Head head = *this;
-        head.contentType_ = type;
+        Head head = withUploadedType(type);
         head.withCharset_ = false;
         return head;
     }
@@ -47,46 +52,85 @@ class Head {
     Head withUploadedType(Text type) const {
         Head head = *this;
         head.contentType_ = type;
+        head.common_ = false;
         return head;
     }
 
     bool breaksLine() const {
-        return veltoprotocol::breaksLine(target_) || veltoprotocol::breaksLine(host_) ||
-               veltoprotocol::breaksLine(connection_) || veltoprotocol::breaksLine(contentType_);
+        const bool start = start_ == Start::path || start_ == Start::status;
+        return (start && veltoprotocol::breaksLine(target_)) || veltoprotocol::breaksLine(host_) ||
+               (!common_ &&
+                (veltoprotocol::breaksLine(connection_) || veltoprotocol::breaksLine(contentType_)));
     }
 
     template <class Sink>
-    void write(Sink& to, std::size_t contentLength) const {
-        if (isRequest_) {
-            to.literal("POST ");
-            to.raw(target_);
-            to.literal(" HTTP/1.1\r\nHost: ");
-            to.raw(host_);
+    VELTO_INLINE void write(Sink& to, std::size_t contentLength) const {
+        writeStart(to);
+        if (common_) {
+            to.literal(
+                "\r\nConnection: keep-alive\r\nContent-Type: text/xml; charset=utf-8\r\nContent-Length: ");
         } else {
-            to.literal("HTTP/1.1 ");
-            to.raw(target_);
-            to.literal("\r\nServer: vtengine");
+            to.literal("\r\nConnection: ");
+            to.raw(connection_);
+            if (!credentials_.absent()) {
+                to.literal("\r\nAuthorization: Basic ");
+                to.raw(credentials_);
+            }
+            to.literal("\r\nContent-Type: ");
+            to.raw(contentType_);
+            if (withCharset_) to.literal("; charset=utf-8");
+            to.literal("\r\nContent-Length: ");
         }
-        to.literal("\r\nConnection: ");
-        to.raw(connection_);
-        if (!credentials_.absent()) {
-            to.literal("\r\nAuthorization: Basic ");
-            to.raw(credentials_);
-        }
-        to.literal("\r\nContent-Type: ");
-        to.raw(contentType_);
-        if (withCharset_) to.literal("; charset=utf-8");
-        to.literal("\r\nContent-Length: ");
-        to.put(NumberText(contentLength));
+        to.put(lengthNumber(contentLength));
         to.literal("\r\n\r\n");
     }
 
+    std::size_t length(std::size_t contentLength) const {
+        Count count;
+        write(count, 0);
+        return static_cast<std::size_t>(count.bytes()) - 1 + lengthNumber(contentLength).length();
+    }
+
   private:
-    bool isRequest_ = false;
+    // Whatever is sent is no longer than INT_MAX.
+    static Number<unsigned int> lengthNumber(std::size_t length) {
+        return {static_cast<unsigned int>(length)};
+    }
+
+    enum class Start { ok, command, manage, path, status };
+
+    explicit Head(Text connection) : connection_(connection), common_(connection == keepAlive) {}
+
+    template <class Sink>
+    VELTO_INLINE void writeStart(Sink& to) const {
+        switch (start_) {
+        case Start::ok:
+            return to.literal("HTTP/1.1 200 OK\r\nServer: vtengine");
+        case Start::status:
+            to.literal("HTTP/1.1 ");
+            to.raw(target_);
+            return to.literal("\r\nServer: vtengine");
+        case Start::command:
+            to.literal("POST /servercommandservice HTTP/1.1\r\nHost: ");
+            break;
+        case Start::manage:
+            to.literal("POST /servercommandservice/manage HTTP/1.1\r\nHost: ");
+            break;
+        case Start::path:
+            to.literal("POST ");
+            to.raw(target_);
+            to.literal(" HTTP/1.1\r\nHost: ");
+            break;
+        }
+        to.raw(host_);
+    }
+
+    Start start_ = Start::ok;
     Text target_; // a request's path, a response's status
     Text host_, connection_, credentials_;
     Text contentType_{"text/xml", 8};
     bool withCharset_ = true;
+    bool common_; // keep-alive, XML, no credentials
 };
 
 // What every encoder asks before it builds or prints anything.
@@ -98,13 +142,12 @@ inline bool usable(const Head& head, const char* out, int size) {
 // than `size`, nothing is written and -1 is returned. There is no terminating NUL. `writeBody` puts exactly
 // bodyLength bytes.
 template <class WriteBody>
-int deliver(const Head& head, std::size_t bodyLength, const WriteBody& writeBody, char* out, int size) {
-    Count start;
-    head.write(start, bodyLength);
-    const auto headLength = static_cast<std::size_t>(start.bytes()); // of texts that lie in memory
+int deliver(const Head& head, std::size_t bodyLength, const WriteBody& writeBody, char* out, int size,
+            bool plain = false) {
+    const std::size_t headLength = head.length(bodyLength);
     const auto room = static_cast<std::size_t>(size);
     if (bodyLength > room || headLength > room - bodyLength) return -1;
-    Write to(out);
+    Write to(out, plain);
     head.write(to, bodyLength);
     writeBody(to);
     return static_cast<int>(headLength + bodyLength);

@@ -80,15 +80,44 @@ std::size_t xmlLength(const Envelope& envelope, const Body& body) {
     return static_cast<std::size_t>(xml.bytes());
 }
 
+namespace {
+
+// Where there is room for the longest message that these arguments could make, it is written without being
+// measured first: the body where it stands if it is short, then the head in front of it. Nothing behind the
+// message is touched.
+int sendUnmeasured(const Envelope& envelope, const Head& head, const Body& body, std::uint64_t shortest,
+                   char* out) {
+    const std::size_t guess = head.length(static_cast<std::size_t>(shortest));
+    char* const begin = out + guess;
+    Write to(begin);
+    document(Element<Write, 0>(to), envelope, body);
+    const auto length = static_cast<std::size_t>(to.mark() - begin);
+    const std::size_t headLength = head.length(length);
+    if (headLength != guess) std::memmove(out + headLength, begin, length); // its length has more digits
+    Write front(out);
+    head.write(front, length);
+    return static_cast<int>(headLength + length);
+}
+
+} // namespace
+
 int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size) {
     if (!usable(head, out, size)) return -1;
+    constexpr int hopeless = 512; // in less room than that, hardly any message could be at its longest
+    if (size >= hopeless && !envelope.trace && envelope.tail.size == 0) {
+        Limits limits;
+        document(Element<Limits, 0>(limits), envelope, body);
+        if (limits.most() + head.length(0) + Number<int>::longest <= static_cast<std::uint64_t>(size))
+            return sendUnmeasured(envelope, head, body, limits.least(), out);
+    }
+
     Count xml;
     document(Element<Count, 0>(xml), envelope, body);
     if (xml.bytes() > INT_MAX) return -1; // no line is as long as that either
     const auto length = static_cast<std::size_t>(xml.bytes());
     if (envelope.trace) {
         RenderedLine line(envelope.trace, length);
-        Write to(line.xml());
+        Write to(line.xml(), xml.plain());
         document(Element<Write, 0>(to), envelope, body);
         line.print();
     }
@@ -96,7 +125,7 @@ int send(const Envelope& envelope, const Head& head, const Body& body, char* out
         document(Element<Write, 0>(to), envelope, body);
         to.raw(envelope.tail);
     };
-    return deliver(head, length + envelope.tail.size, write, out, size);
+    return deliver(head, length + envelope.tail.size, write, out, size, xml.plain());
 }
 
 #endif

@@ -20,22 +20,37 @@ namespace veltoprotocol {
 // messages.
 template <class X>
 struct Pass {
-    const void* tree;
-    void (*run)(const void*, X);
-    void operator()(X x) const { run(tree, x); }
+    void (*run)(const void* tree, X);
 };
 template <class... X>
-struct Passes : Pass<X>... {
+class Passes {
+  public:
     template <class Tree>
-    explicit Passes(const Tree& body)
-        : Pass<X>{&body, [](const void* t, X x) { (*static_cast<const Tree*>(t))(x); }}... {}
-    using Pass<X>::operator()...;
+    explicit Passes(const Tree& tree) : tree_(&tree), passes_(&passesOver<Tree>) {}
+
+    template <class Other>
+    void operator()(Other x) const {
+        static_cast<const Pass<Other>*>(passes_)->run(tree_, x);
+    }
+
+  private:
+    struct All : Pass<X>... {};
+
+    template <class Tree, class Other>
+    static void run(const void* tree, Other x) {
+        x.locally(*static_cast<const Tree*>(tree));
+    }
+    template <class Tree>
+    static constexpr All passesOver = {Pass<X>{run<Tree, X>}...};
+
+    const void* tree_;
+    const All* passes_;
 };
 
 #ifdef VELTO_THROUGH_TREE
 using Body = Passes<TreeElement>;
 #else
-using Body = Passes<Element<Count, 2>, Element<Write, 2>>;
+using Body = Passes<Element<Limits, 2>, Element<Count, 2>, Element<Write, 2>>;
 #endif
 
 // The session token of a request; a null text is an empty Token element.

@@ -13,9 +13,9 @@ int GetLoginReqEncode(const __tagVtDeviceParam* credentials, const char* host, u
     // user:password, each up to its NUL or its field's width
     char plain[sizeof credentials->UserName + 1 + sizeof credentials->Password];
     Write to(plain);
-    to.raw(shown(credentials->UserName));
+    to.raw(shown(credentials->UserName).text());
     to.literal(":");
-    to.raw(shown(credentials->Password));
+    to.raw(shown(credentials->Password).text());
     char base64[(sizeof plain + 2) / 3 * 4];
     const Text encoded{base64, encodeBase64(base64, {plain, static_cast<std::size_t>(to.mark() - plain)})};
 

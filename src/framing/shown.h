@@ -3,25 +3,40 @@
 
 #include "framing/text.h"
 
-#include <charconv>
 #include <string>
 #include <type_traits>
 
 namespace veltoprotocol {
 
-// Decimal text that no locale changes.
-class NumberText {
-  public:
-    template <class Integer>
-    explicit NumberText(Integer value) {
-        size_ =
-            static_cast<std::size_t>(std::to_chars(digits_, digits_ + sizeof digits_, value).ptr - digits_);
-    }
-    Text text() const { return {digits_, size_}; }
+std::size_t decimalLength(std::uint64_t value);
+// Write the digits of a number that has more than one, and return their end.
+char* writeDecimal(char* to, int value);
+char* writeDecimal(char* to, unsigned int value);
 
-  private:
-    char digits_[20]; // the longest 64-bit number
-    std::size_t size_;
+// A number to be shown as decimal text, which no locale changes. Most are of one digit.
+template <class Integer>
+struct Number {
+    static_assert(sizeof(Integer) == 4, "the wire knows numbers of 32 bits");
+    static constexpr std::size_t longest = 11; // sign and digits
+
+    Integer value;
+
+    bool isDigit() const { return static_cast<std::make_unsigned_t<Integer>>(value) < 10; }
+    std::size_t length() const {
+        if (isDigit()) return 1;
+        if constexpr (std::is_signed_v<Integer>) {
+            if (value < 0) return 1 + decimalLength(std::uint64_t{0} - static_cast<std::uint64_t>(value));
+        }
+        if (value < 100) return 2;
+        if (value < 1000) return 3;
+        return decimalLength(static_cast<std::uint64_t>(value));
+    }
+    char* write(char* to) const {
+        if (!isDigit()) return writeDecimal(to, value);
+        *to = static_cast<char>('0' + value);
+        return to + 1;
+    }
+    static constexpr bool absent() { return false; }
 };
 
 template <class>
@@ -33,9 +48,7 @@ template <class Value>
 auto shown(const Value& value) {
     using Plain = std::remove_cv_t<Value>;
     if constexpr (std::is_array_v<Plain>) {
-        const void* const nul = std::memchr(value, 0, sizeof(Plain));
-        return Text{value,
-                    nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - value) : sizeof(Plain)};
+        return FieldText<sizeof(Plain)>{value};
     } else if constexpr (std::is_same_v<Plain, Text>) {
         return value;
     } else if constexpr (std::is_same_v<Plain, const char*> || std::is_same_v<Plain, char*>) {
@@ -43,14 +56,16 @@ auto shown(const Value& value) {
     } else if constexpr (std::is_same_v<Plain, bool>) {
         unsigned char byte; // read as a byte: a record filled by a careless caller may hold any
         std::memcpy(&byte, &value, 1);
-        return byte != 0 ? Text{"1", 1} : Text{"0", 1};
+        return Number<unsigned int>{byte != 0 ? 1u : 0u};
     } else if constexpr (std::is_enum_v<Plain>) {
-        return NumberText(static_cast<std::underlying_type_t<Plain>>(value));
+        return Number<std::underlying_type_t<Plain>>{static_cast<std::underlying_type_t<Plain>>(value)};
+    } else if constexpr (std::is_same_v<Plain, unsigned short>) {
+        return Number<unsigned int>{value};
     } else {
         static_assert(std::is_same_v<Plain, int> || std::is_same_v<Plain, unsigned int> ||
-                          std::is_same_v<Plain, unsigned short> || hasNoWireForm<Plain>,
+                          hasNoWireForm<Plain>,
                       "name a wire form for this type");
-        return NumberText(value);
+        return Number<Plain>{value};
     }
 }
 

@@ -11,8 +11,16 @@
 
 namespace veltoprotocol {
 
-inline Text plainText(Text text) { return text; }
-inline Text plainText(const NumberText& number) { return number.text(); }
+inline std::string plainText(Text text) { return std::string(text.data, text.size); }
+template <std::size_t Width>
+std::string plainText(FieldText<Width> field) {
+    return plainText(field.text());
+}
+template <class Integer>
+std::string plainText(Number<Integer> number) {
+    char digits[Number<Integer>::longest];
+    return std::string(digits, number.write(digits));
+}
 
 class TreeElement {
   public:
@@ -24,7 +32,7 @@ class TreeElement {
         if (absent(text))
             SetStringValue(element_, name, nullptr);
         else
-            SetStringValue(element_, name, terminated(plainText(text)).c_str());
+            SetStringValue(element_, name, plainText(text).c_str());
     }
 
     template <std::size_t N, class... Parts>
@@ -43,6 +51,12 @@ class TreeElement {
         for (Integer i = 0; i < times; ++i) element(name, tree);
     }
 
+    // Element's way to keep its sink in registers.
+    template <class Tree>
+    void locally(const Tree& tree) {
+        tree(*this);
+    }
+
     // What element() takes as its parts, added to this element itself.
     template <std::size_t N, class Value>
     void add(const Attribute<N, Value>& part) {
@@ -54,21 +68,19 @@ class TreeElement {
             part.list.each([&](const auto& item) {
                 if (!item.written) return;
                 if constexpr (standsInTag<Part>)
-                    setAttribute(item.name, item.onWire(part.record));
+                    setAttribute(item.name.text, item.onWire(part.record));
                 else
-                    value(item.name, item.onWire(part.record));
+                    value(item.name.text, item.onWire(part.record));
             });
         else
             part(*this);
     }
 
   private:
-    static std::string terminated(Text text) { return std::string(text.data, text.size); }
-
     template <class Value>
     void setAttribute(const char* name, const Value& value) {
         const auto text = shown(value);
-        if (!absent(text)) element_->SetAttribute(std::string(name), terminated(plainText(text)));
+        if (!absent(text)) element_->SetAttribute(std::string(name), plainText(text));
     }
 
     TiXmlElement* element_;

@@ -8,28 +8,21 @@
 #include "veltoprotocol/media.h"
 
 #include <cstddef>
-#include <memory>
-#include <utility>
 
 namespace veltoprotocol {
 
 constexpr std::size_t recordBlockHead = 56;
 constexpr std::size_t recordBlockElement = 88;
 
-// Compressed bytes; false if zlib failed.
-class RecordBlock {
-  public:
-    RecordBlock() = default;
-    RecordBlock(std::unique_ptr<char[]> bytes, std::size_t size) : bytes_(std::move(bytes)), size_(size) {}
-    explicit operator bool() const { return bytes_ != nullptr; }
-    Text text() const { return {bytes_.get(), size_}; }
+// What zlib makes of no bytes at all: the block of an answer without a list.
+constexpr Text emptyRecordBlock{"\x78\x9C\x03\x00\x00\x00\x00\x01", 8};
 
-  private:
-    std::unique_ptr<char[]> bytes_;
-    std::size_t size_ = 0;
-};
+// The list takes no more bytes than that once it is compressed. INT_MAX stands for "more than any message".
+std::size_t longestRecordBlock(const __tagVtRecordParam& records);
 
-// What compress() makes of the list; of nothing, if records is null.
-RecordBlock compressedBlock(const __tagVtRecordParam* records);
+// Writes the list to `to`, with the very bytes that compress() makes of it, and returns how many they are.
+// 0 if zlib has no memory, and nothing is written then, or if they are more than `room`, and it holds the
+// first of them then; it never is where `room` is longestRecordBlock().
+std::size_t writeRecordBlock(const __tagVtRecordParam& records, char* to, std::size_t room);
 
 } // namespace veltoprotocol

@@ -10,6 +10,7 @@
 
 #include <climits>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -209,6 +210,29 @@ TEST(Message, IsMeasuredAgainForEachDigitOfItsLength) {
                   std::string::npos);
         EXPECT_NE(body.find("<T>" + text + "</T>\n"), std::string::npos);
     }
+}
+
+struct Field1024 {
+    char text[1024];
+};
+constexpr auto longField = elements("Long", field("T", &Field1024::text));
+
+// In a roomy buffer the body is written before its length is known, to where it would stand if it were short.
+TEST(Message, MovesToItsPlaceWhereItsLengthHasMoreDigitsThanExpected) {
+    for (const std::size_t records : {1u, 9u, 10u, 11u})
+        for (std::size_t length = 700; length < 860; length += 4) {
+            Field1024 record = {};
+            std::memset(record.text, 'x', length);
+            const auto tree = [&](auto x) {
+                for (std::size_t i = 0; i < records; ++i) x.element("E", longField(record));
+            };
+            const auto encode = [&](char* out, int size) { return Response("C", 1).reply(tree, out, size); };
+            std::string roomy(1 << 17, '#'), exact(1 << 17, '#');
+            const int returned = encode(&roomy[0], static_cast<int>(roomy.size()));
+            ASSERT_GT(returned, 0);
+            ASSERT_EQ(encode(&exact[0], returned), returned);
+            ASSERT_EQ(roomy, exact) << records << " of " << length;
+        }
 }
 
 TEST(Assemble, PutsThePiecesOneAfterAnother) {

@@ -19,6 +19,10 @@ std::string written(const Tree& tree) {
 
     Count length;
     Element<Count, 0>(length).element("servercommandservice", envelope);
+    Limits limits;
+    Element<Limits, 0>(limits).element("servercommandservice", envelope);
+    EXPECT_LE(limits.least(), length.bytes());
+    EXPECT_GE(limits.most(), length.bytes());
     GuardedPage page(static_cast<std::size_t>(length.bytes()));
     Write to(page.data());
     Element<Write, 0>(to).element("servercommandservice", envelope);

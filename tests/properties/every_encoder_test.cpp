@@ -53,6 +53,28 @@ TEST(EveryEncoder, WritesWhatTheXmlLibraryPrints) {
         }
 }
 
+// Where there is room for the longest message that arguments could make, nothing is measured before it is
+// written.
+TEST(EveryEncoder, WritesTheSameIntoMuchRoomAndIntoNoMoreThanItNeeds) {
+    std::vector<char> exact(1u << 18);
+    for (unsigned seed = 0; seed < seeds / 4; ++seed)
+        for (const Texts texts : {Texts::anyBytes, Texts::printable}) {
+            const std::vector<NamedMessage> roomy = written(seed, texts);
+            std::size_t next = 0;
+            visitEncoders(seed, texts, [&](const EncoderCall& call) {
+                const NamedMessage& message = roomy[next++];
+                if (message.returned < 0 || !call.isMessage()) return;
+                Captured quiet;
+                const int returned = call.encode(exact.data(), message.returned);
+                quiet.text();
+                ASSERT_EQ(returned, message.returned) << call.name << ", seed " << seed;
+                ASSERT_TRUE(message.bytes.compare(0, std::string::npos, exact.data(), message.bytes.size()) ==
+                            0)
+                    << call.name << ", seed " << seed;
+            });
+        }
+}
+
 TEST(EveryEncoder, IsInTheList) {
     std::multiset<std::string> called;
     for (const NamedMessage& message : written(0)) called.insert(message.name);
