@@ -4,10 +4,14 @@
 // only read, another wire form) stands in its list; a member whose type has no wire form does not compile.
 #pragma once
 
+#include "framing/found_values.h"
 #include "framing/sinks.h"
 #include "veltoprotocol/framing.h"
 
+#include <tinyxml.h>
+
 #include <array>
+#include <string_view>
 #include <tuple>
 
 namespace veltoprotocol {
@@ -103,9 +107,21 @@ attributes(const char* label, const Field<Owner, Members, N, Forms>&... items) {
     return {label, {items...}};
 }
 
+// Whoever reads children in their order takes it that each name is looked for once.
+template <class... Items>
+constexpr bool readsANameTwice(const Items&... items) {
+    const std::string_view names[] = {items.name.text...};
+    const bool read[] = {items.read...};
+    for (std::size_t i = 0; i < sizeof...(items); ++i)
+        for (std::size_t k = 0; k < i; ++k)
+            if (read[i] && read[k] && names[i] == names[k]) return true;
+    return false;
+}
+
 template <class Owner, class... Members, std::size_t... N, class... Forms>
 constexpr Fields<Carried::byElements, Owner, Field<Owner, Members, N, Forms>...>
 elements(const char* label, const Field<Owner, Members, N, Forms>&... items) {
+    if (readsANameTwice(items...)) throw "a child is read twice";
     return {label, {items...}};
 }
 
@@ -114,37 +130,92 @@ inline void report(int* error, int code) {
     if (error) *error = code;
 }
 
-// Reads one member through the public value readers, so that their conversions, capacities and diagnostics
-// are the only ones there are. What is missing or too long leaves the member as it was.
-template <Carried How, class Item, class Member>
-void readValue(TiXmlElement* element, const Item& item, const char* label, Member& value) {
-    constexpr bool attribute = How == Carried::byAttributes;
+// Finds what carries the fields of a list, one after another. Each is expected behind the one found last,
+// where a writer of the same list puts it; only if it is not there it is searched, so that any order is read
+// as the public readers do.
+class AttributesInOrder {
+  public:
+    explicit AttributesInOrder(TiXmlElement* element) : element_(element), next_(element->FirstAttribute()) {}
+
+    const char* find(const char* name) {
+        if (next_ && std::strcmp(next_->Name(), name) == 0) {
+            const char* const value = next_->Value();
+            next_ = next_->Next();
+            return value;
+        }
+        return element_->Attribute(name);
+    }
+
+  private:
+    TiXmlElement* element_;
+    const TiXmlAttribute* next_; // an element has no two attributes of a name
+};
+
+class ChildrenInOrder {
+  public:
+    explicit ChildrenInOrder(TiXmlElement* element)
+        : element_(element), next_(element->FirstChildElement()) {}
+
+    // The first child of the name: as long as each was where it was expected, all before the next one have
+    // other names.
+    TiXmlElement* find(const char* name) {
+        if (next_ && std::strcmp(next_->Value(), name) == 0) {
+            TiXmlElement* const child = next_;
+            next_ = next_->NextSiblingElement();
+            return child;
+        }
+        TiXmlElement* const child = element_->FirstChildElement(name);
+        if (child) next_ = nullptr; // out of order: from here on each is searched
+        return child;
+    }
+
+  private:
+    TiXmlElement* element_;
+    TiXmlElement* next_;
+};
+
+// What is missing or too long leaves the member as it was.
+template <Carried How, class Found, class Item, class Member>
+void readValue(Found found, const Item& item, const char* label, Member& value) {
+    const auto read = [&](auto*... out) {
+        if constexpr (How == Carried::byAttributes)
+            readAttribute(found, label, item.name.text, out...);
+        else
+            readChild(found, label, item.name.text, out...);
+    };
+    const auto readText = [&](char* out, int size) {
+        if constexpr (How == Carried::byAttributes)
+            readAttribute(found, label, item.name.text, out, size);
+        else
+            readChild(found, label, item.name.text, out, size);
+    };
     if constexpr (std::is_array_v<Member>) {
-        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name.text, value,
-                                                         item.capacity);
+        readText(value, item.capacity);
     } else if constexpr (std::is_same_v<Member, char>) { // a text of one byte
-        (attribute ? GetStringValueAtt : GetStringValue)(element, label, item.name.text, &value, 1);
+        readText(&value, 1);
     } else if constexpr (std::is_same_v<Member, bool>) {
-        (attribute ? GetBoolValueAtt : GetBoolValue)(element, label, item.name.text, &value);
-    } else if constexpr (std::is_same_v<Member, unsigned int> && attribute) {
-        GetUIntValueAtt(element, label, item.name.text, &value);
+        read(&value);
+    } else if constexpr (std::is_same_v<Member, unsigned int> && How == Carried::byAttributes) {
+        read(&value);
     } else if constexpr (std::is_same_v<Member, unsigned int>) {
         unsigned long wide = value;
-        GetUIntValue(element, label, item.name.text, &wide);
+        read(&wide);
         value = static_cast<unsigned int>(wide);
     } else {
         int number = static_cast<int>(value);
-        (attribute ? GetIntValueAtt : GetIntValue)(element, label, item.name.text, &number);
+        read(&number);
         value = static_cast<Member>(number);
     }
 }
 
 template <class List>
 void readFields(TiXmlElement* element, const List& list, typename List::Record& record) {
+    constexpr Carried how = List::carried;
+    std::conditional_t<how == Carried::byAttributes, AttributesInOrder, ChildrenInOrder> carriers(element);
     list.each([&](const auto& item) {
         if (item.read)
-            readValue<List::carried>(element, item, item.label ? item.label : list.label,
-                                     record.*item.member);
+            readValue<how>(carriers.find(item.name.text), item, item.label ? item.label : list.label,
+                           record.*item.member);
     });
 }
 

@@ -1,4 +1,5 @@
 #include "framing/diagnostics.h"
+#include "framing/found_values.h"
 #include "framing/text.h"
 #include "veltoprotocol/framing.h"
 
@@ -22,17 +23,22 @@ double toDouble(const char* text) {
 
 const char* textOf(const TiXmlElement* element) { return element ? element->GetText() : nullptr; }
 
-// Null when there is none, with the line that says so.
-TiXmlElement* childOf(TiXmlElement* parent, const char* label, const char* name) {
-    TiXmlElement* const child = name ? parent->FirstChildElement(name) : nullptr;
-    if (!child) missingElement(label, name);
-    return child;
+TiXmlElement* childOf(TiXmlElement* parent, const char* name) {
+    return name ? parent->FirstChildElement(name) : nullptr;
 }
 
-const char* attributeOf(const TiXmlElement* element, const char* label, const char* name) {
-    const char* const value = name ? element->Attribute(name) : nullptr;
+const char* attributeOf(const TiXmlElement* element, const char* name) {
+    return name ? element->Attribute(name) : nullptr;
+}
+
+// Whether there is one, with the line that says if not.
+bool found(const TiXmlElement* child, const char* label, const char* name) {
+    if (!child) missingElement(label, name);
+    return child != nullptr;
+}
+bool found(const char* value, const char* label, const char* name) {
     if (!value) missingAttribute(label, name);
-    return value;
+    return value != nullptr;
 }
 
 // kept: no NUL is added, so a text as long as the field fills it to the last byte
@@ -44,63 +50,83 @@ bool copyInto(char* out, int size, Text text) {
 
 } // namespace
 
+void readAttribute(const char* value, const char* label, const char* name, char* out, int size) {
+    if (found(value, label, name) && !copyInto(out, size, value)) tooLongAttribute(label, name);
+}
+void readAttribute(const char* value, const char* label, const char* name, int* out) {
+    if (found(value, label, name)) *out = toInt(value);
+}
+void readAttribute(const char* value, const char* label, const char* name, bool* out) {
+    if (found(value, label, name)) *out = toInt(value) != 0;
+}
+void readAttribute(const char* value, const char* label, const char* name, unsigned int* out) {
+    if (found(value, label, name)) *out = static_cast<unsigned int>(std::strtoul(value, nullptr, 0));
+}
+
+bool readChild(TiXmlElement* child, const char* label, const char* name, char* out, int size) {
+    if (!found(child, label, name)) return false;
+    if (copyInto(out, size, textOf(child))) return true;
+    tooLongElement(label, name);
+    return false;
+}
+bool readChild(TiXmlElement* child, const char* label, const char* name, int* out) {
+    if (!found(child, label, name)) return false;
+    *out = GetInt(child);
+    return true;
+}
+bool readChild(TiXmlElement* child, const char* label, const char* name, bool* out) {
+    if (!found(child, label, name)) return false;
+    *out = GetInt(child) != 0;
+    return true;
+}
+bool readChild(TiXmlElement* child, const char* label, const char* name, unsigned long* out) {
+    if (!found(child, label, name)) return false;
+    *out = GetULong(child);
+    return true;
+}
+
 int GetStringValue(TiXmlElement* parent, const char* label, const char* name, char* out, int size) {
     if (!parent || !out || size < 1) return -1;
-    const TiXmlElement* const child = childOf(parent, label, name);
-    if (!child) return -1;
-    if (copyInto(out, size, textOf(child))) return 0;
-    tooLongElement(label, name);
-    return -1;
+    return readChild(childOf(parent, name), label, name, out, size) ? 0 : -1;
 }
 
 int GetIntValue(TiXmlElement* parent, const char* label, const char* name, int* out) {
     if (!parent || !out) return -1;
-    TiXmlElement* const child = childOf(parent, label, name);
-    if (!child) return -1;
-    *out = GetInt(child);
-    return 0;
+    return readChild(childOf(parent, name), label, name, out) ? 0 : -1;
 }
 
 int GetBoolValue(TiXmlElement* parent, const char* label, const char* name, bool* out) {
     if (!parent || !out) return -1;
-    TiXmlElement* const child = childOf(parent, label, name);
-    if (!child) return -1;
-    *out = GetInt(child) != 0;
-    return 0;
+    return readChild(childOf(parent, name), label, name, out) ? 0 : -1;
 }
 
 int GetUIntValue(TiXmlElement* parent, const char* label, const char* name, unsigned long* out) {
     if (!parent || !out) return -1;
     // kept: a missing child also gives 0; only the output shows the difference
-    if (TiXmlElement* const child = childOf(parent, label, name)) *out = GetULong(child);
+    readChild(childOf(parent, name), label, name, out);
     return 0;
 }
 
 // kept: the attribute readers give -1 on success as well; callers look at the output alone
 
 int GetStringValueAtt(TiXmlElement* element, const char* label, const char* name, char* out, int size) {
-    if (!element || !out || size < 1) return -1;
-    const char* const value = attributeOf(element, label, name);
-    if (value && !copyInto(out, size, value)) tooLongAttribute(label, name);
+    if (element && out && size >= 1) readAttribute(attributeOf(element, name), label, name, out, size);
     return -1;
 }
 
 int GetIntValueAtt(TiXmlElement* element, const char* label, const char* name, int* out) {
-    if (!element || !out) return -1;
-    if (const char* const value = attributeOf(element, label, name)) *out = toInt(value);
+    if (element && out) readAttribute(attributeOf(element, name), label, name, out);
     return -1;
 }
 
 int GetBoolValueAtt(TiXmlElement* element, const char* label, const char* name, bool* out) {
-    if (!element || !out) return -1;
-    if (const char* const value = attributeOf(element, label, name)) *out = toInt(value) != 0;
+    if (element && out) readAttribute(attributeOf(element, name), label, name, out);
     return -1;
 }
 
 int GetUIntValueAtt(TiXmlElement* element, const char* label, const char* name, unsigned int* out) {
     if (!element || !out) return 0; // kept: here, and only here, a null argument is 0
-    if (const char* const value = attributeOf(element, label, name))
-        *out = static_cast<unsigned int>(std::strtoul(value, nullptr, 0));
+    readAttribute(attributeOf(element, name), label, name, out);
     return -1;
 }
 

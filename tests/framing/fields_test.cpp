@@ -88,6 +88,23 @@ TEST(ReadRecord, TakesItsFieldsInAnyOrder) {
     EXPECT_EQ(got.printed, "");
 }
 
+// Of several children of a name the first one counts, wherever the others stand.
+TEST(ReadRecord, TakesTheFirstOfSeveralChildren) {
+    const std::string text = "<Text>t</Text>", number = "<Number>3</Number>", other = "<Number>4</Number>";
+    const std::string rest = "<Word>2</Word><Flag>1</Flag><Small>5</Small><Mode>1</Mode>";
+    Sample want = Sample();
+    want.text[0] = 't', want.number = 3, want.word = 2, want.flag = true, want.small = 5, want.mode = on;
+    for (const std::string& children :
+         {text + number + rest, text + number + other + rest, number + text + other + rest,
+          number + other + text + rest, "<Else />" + text + number + other + rest,
+          number + rest + text + other, text + number + rest + other,
+          "<Else />" + number + text + rest + other}) {
+        const auto got = readBack("<E>" + children + "</E>", reader(byElements));
+        EXPECT_TRUE(sameBytes(got.record, want)) << children;
+        EXPECT_EQ(got.printed, "") << children;
+    }
+}
+
 TEST(ReadRecord, NamesEachMissingFieldAndLeavesItZero) {
     const auto fromAttributes = readBack("<E />", reader(byAttributes));
     EXPECT_TRUE(sameBytes(fromAttributes.record, Sample()));
