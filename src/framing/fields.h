@@ -193,9 +193,8 @@ void readValue(Found found, const Item& item, const char* label, Member& value) 
         readText(value, item.capacity);
     } else if constexpr (std::is_same_v<Member, char>) { // a text of one byte
         readText(&value, 1);
-    } else if constexpr (std::is_same_v<Member, bool>) {
-        read(&value);
-    } else if constexpr (std::is_same_v<Member, unsigned int> && How == Carried::byAttributes) {
+    } else if constexpr (std::is_same_v<Member, bool> ||
+                         (std::is_same_v<Member, unsigned int> && How == Carried::byAttributes)) {
         read(&value);
     } else if constexpr (std::is_same_v<Member, unsigned int>) {
         unsigned long wide = value;
