@@ -22,17 +22,6 @@ namespace veltoprotocol::inspection {
 
 constexpr std::size_t notFound = std::string_view::npos; // greater than any position
 
-// Number of the lowest bit set; there is one.
-inline std::size_t lowestBit(std::uint64_t bits) {
-#ifdef __GNUC__
-    return static_cast<std::size_t>(__builtin_ctzll(bits));
-#else
-    std::size_t number = 0;
-    for (; (bits & 1) == 0; bits >>= 1) ++number;
-    return number;
-#endif
-}
-
 // First of the places `start + k`, for each bit k, where the thing stands.
 template <class Thing>
 std::size_t firstOf(const char* text, std::size_t start, std::uint64_t bits) {
@@ -51,7 +40,7 @@ std::uint64_t bitsOf(const char* at) {
 // The same of four blocks.
 template <class Thing, class B, std::size_t count>
 std::uint64_t bitsOfFour(const char* at) {
-    constexpr std::size_t width = B::width;
+    constexpr std::size_t width = B::size;
     return bitsOf<Thing, B, count>(at) | bitsOf<Thing, B, count>(at + width) << width |
            bitsOf<Thing, B, count>(at + 2 * width) << 2 * width |
            bitsOf<Thing, B, count>(at + 3 * width) << 3 * width;
@@ -60,14 +49,14 @@ std::uint64_t bitsOfFour(const char* at) {
 // First place from `start` on, one block after the other.
 template <class Thing, class B>
 std::size_t findInRest(const char* text, std::size_t start, std::size_t places) {
-    if (places < B::width) {
+    if (places < B::size) {
         for (; start < places; ++start)
             if (Thing::standsAt(text + start)) return start;
         return notFound;
     }
-    for (; start < places; start += B::width) {
+    for (; start < places; start += B::size) {
         // The last block ends with the last place, so it may begin among places seen before.
-        const std::size_t block = std::min(start, places - B::width);
+        const std::size_t block = std::min(start, places - B::size);
         const std::size_t at = firstOf<Thing>(text, block, bitsOf<Thing, B, 4>(text + block));
         if (at != notFound) return at;
     }
@@ -77,7 +66,7 @@ std::size_t findInRest(const char* text, std::size_t start, std::size_t places) 
 // First place where the thing stands in whole. Reads nothing outside the text.
 template <class Thing, class B = Block>
 std::size_t find(std::string_view bytes) {
-    constexpr std::size_t width = B::width, stride = 4 * width, stretch = 1024;
+    constexpr std::size_t width = B::size, stride = 4 * width, stretch = 1024;
     if (bytes.size() < Thing::size) return notFound;
     const char* const text = bytes.data();
     const std::size_t places = bytes.size() - Thing::size + 1;

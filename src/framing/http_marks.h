@@ -24,7 +24,7 @@ struct Probed {
     template <class B, std::size_t count>
     static auto marks(const char* at) {
         constexpr Probe last = Thing::probes[count - 1];
-        const B block(at + last.place);
+        const B block = B::load(at + last.place);
         const auto here = [&] {
             if constexpr (last.letterCase == Case::counts)
                 return block.equal(last.byte);
@@ -51,8 +51,7 @@ struct LineEnd {
 
     template <class B, std::size_t>
     static auto marks(const char* at) {
-        const B block(at);
-        return block.equal('\r') | block.equal('\n');
+        return B::load(at).lineEnds();
     }
     static bool standsAt(const char* at) { return *at == '\r' || *at == '\n'; }
 };
@@ -62,7 +61,7 @@ struct DigitOrLineEnd {
 
     template <class B, std::size_t count>
     static auto marks(const char* at) {
-        return B(at).digits() | LineEnd::marks<B, count>(at);
+        return B::load(at).digits() | LineEnd::marks<B, count>(at);
     }
     static bool standsAt(const char* at) { return (*at >= '0' && *at <= '9') || LineEnd::standsAt(at); }
 };

@@ -1,7 +1,7 @@
 // Text by pointer and length, as it goes on the wire; a null pointer is text that is absent.
 #pragma once
 
-#include "framing/scan.h"
+#include "framing/byte_block.h"
 
 #include <type_traits>
 
@@ -32,14 +32,14 @@ struct FieldText {
         for (; at + Block::size <= Width; at += Block::size) {
             const Block block = Block::load(data + at);
             take(block, at);
-            if (const auto found = places(block)) return at + Block::first(found);
+            if (const auto found = places(block); found.any()) return at + found.first();
         }
         if constexpr (rest > 0) {
             char last[Block::size] = {};
             std::memcpy(last, data + at, rest);
             const Block block = Block::load(last);
             take(block, at);
-            if (const auto found = places(block)) return at + Block::first(found);
+            if (const auto found = places(block); found.any()) return at + found.first();
         }
         return Width;
     }
@@ -59,41 +59,29 @@ class ShortText {
   public:
     ShortText(const char* from, std::size_t size) : size_(size) {
         if (size >= 8) {
-            front_ = bytes<std::uint64_t>(from);
-            back_ = bytes<std::uint64_t>(from + size - 8);
+            front_ = wordAt<std::uint64_t>(from);
+            back_ = wordAt<std::uint64_t>(from + size - 8);
         } else if (size >= 4) {
-            front_ = back_ = bytes<std::uint32_t>(from) | bytes<std::uint32_t>(from + size - 4) << 32;
+            front_ = back_ = wordAt<std::uint32_t>(from) | wordAt<std::uint32_t>(from + size - 4) << 32;
         } else { // the first, the middle and the last of one to three
-            front_ = back_ = bytes<std::uint8_t>(from) | bytes<std::uint8_t>(from + size / 2) << 8 |
-                             bytes<std::uint8_t>(from + size - 1) * 0x0101010101010000u;
+            front_ = back_ = wordAt<std::uint8_t>(from) | wordAt<std::uint8_t>(from + size / 2) << 8 |
+                             wordAt<std::uint8_t>(from + size - 1) * 0x0101010101010000u;
         }
     }
     // The first byte that `places` finds, or the text's end.
     template <class Block, class Places>
     std::size_t first(const Places& places) const {
-#ifdef __SSE2__
-        if constexpr (std::is_same_v<Block, SseBlock>) {
-            const auto found = places(SseBlock::of(front_, back_));
-            return found ? placeOf(SseBlock::first(found)) : size_;
+        if constexpr (Block::size == 16) {
+            const auto found = places(Block::of(front_, back_));
+            return found.any() ? placeOf(found.first()) : size_;
+        } else {
+            if (const auto found = places(Block::of(front_)); found.any()) return placeOf(found.first());
+            const auto found = places(Block::of(back_));
+            return found.any() ? placeOf(8 + found.first()) : size_;
         }
-#endif
-        if (const auto found = places(WordBlock::of(front_))) return placeOf(WordBlock::first(found));
-        const auto found = places(WordBlock::of(back_));
-        return found ? placeOf(8 + WordBlock::first(found)) : size_;
     }
 
   private:
-    // The first byte in the lowest bits.
-    template <class Word>
-    static std::uint64_t bytes(const char* from) {
-        Word word;
-        std::memcpy(&word, from, sizeof word);
-#if __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
-        return __builtin_bswap64(word) >> (64 - 8 * sizeof word);
-#else
-        return word;
-#endif
-    }
     // Where in the text a byte of the two words comes from.
     std::size_t placeOf(std::size_t byte) const {
         if (size_ >= 8) return byte < 8 ? byte : byte + size_ - 16;
@@ -110,7 +98,7 @@ class ShortText {
 template <class Block = veltoprotocol::Block, class Places>
 const char* firstOf(const char* from, const char* end, const Places& places) {
     for (; end - from >= static_cast<std::ptrdiff_t>(Block::size); from += Block::size)
-        if (const auto found = places(Block::load(from))) return from + Block::first(found);
+        if (const auto found = places(Block::load(from)); found.any()) return from + found.first();
     if (from == end) return end;
     const auto left = static_cast<std::size_t>(end - from);
     return from + ShortText(from, left).first<Block>(places);

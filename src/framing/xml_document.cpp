@@ -1,5 +1,6 @@
 #include "framing/diagnostics.h"
 #include "framing/document_limits.h"
+#include "framing/usual_document.h"
 #include "veltoprotocol/framing.h"
 
 #include <tinyxml.h>
@@ -11,9 +12,11 @@ namespace veltoprotocol {
 
 TiXmlDocument* Decode(const char* text) {
     if (!text) return nullptr;
+    const std::size_t length = std::strlen(text);
+    if (auto usual = usualDocument({text, length})) return usual.release();
+
     // The parser trusts a lead byte and steps over the NUL behind a character that is cut off, so it gets a
     // copy that ends in four.
-    const std::size_t length = std::strlen(text);
     const std::unique_ptr<char[]> copy(new char[length + 4]);
     std::memcpy(copy.get(), text, length);
     std::memset(copy.get() + length, 0, 4);

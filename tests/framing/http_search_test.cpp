@@ -12,6 +12,7 @@
 
 namespace {
 
+using namespace veltoprotocol;
 using namespace veltoprotocol::inspection;
 using namespace std::string_literals;
 
@@ -25,59 +26,10 @@ using Blocks = testing::Types<WordBlock>;
 struct BlockNames {
     template <class B>
     static std::string GetName(int) {
-        return std::to_string(B::width);
+        return std::to_string(B::size);
     }
 };
 TYPED_TEST_SUITE(BlocksOf, Blocks, BlockNames);
-
-// Bit k for each byte k that the predicate holds for.
-template <class Predicate>
-std::uint64_t bitsWhere(const std::string& bytes, Predicate holds) {
-    std::uint64_t bits = 0;
-    for (std::size_t k = 0; k < bytes.size(); ++k)
-        if (holds(static_cast<unsigned char>(bytes[k]))) bits |= std::uint64_t(1) << k;
-    return bits;
-}
-
-template <class B>
-void expectMarks(const std::string& bytes) {
-    const GuardedPage page(bytes);
-    const B block(page.data());
-    for (const char byte : "\r\n-\xFF\x80\x7F"s + '\0')
-        EXPECT_EQ(block.equal(byte).bits(),
-                  bitsWhere(bytes, [=](int c) { return c == static_cast<unsigned char>(byte); }));
-    for (const char lower : "alz"s)
-        EXPECT_EQ(block.equalInAnyCase(lower).bits(),
-                  bitsWhere(bytes, [=](int c) { return c == lower || c == lower - 'a' + 'A'; }));
-    EXPECT_EQ(block.digits().bits(), bitsWhere(bytes, [](int c) { return c >= '0' && c <= '9'; }));
-
-    const auto cr = block.equal('\r'), digits = block.digits();
-    EXPECT_EQ((cr | digits).bits(), cr.bits() | digits.bits());
-    EXPECT_EQ((cr & digits).bits(), 0U);
-    EXPECT_EQ((cr & cr).bits(), cr.bits());
-    EXPECT_EQ(cr.any(), cr.bits() != 0);
-}
-
-TYPED_TEST(BlocksOf, MarksEachValueInEachPlace) {
-    for (const char around : "\0\x01\x7F\x80\xFF\r-0"s)
-        for (std::size_t place = 0; place < TypeParam::width; ++place)
-            for (int value = 0; value < 256; ++value) {
-                std::string bytes(TypeParam::width, around);
-                bytes[place] = static_cast<char>(value);
-                expectMarks<TypeParam>(bytes);
-                if (this->HasFailure()) return;
-            }
-}
-
-TYPED_TEST(BlocksOf, MarksAnyBytes) {
-    std::mt19937 random(1);
-    for (int i = 0; i < 2000; ++i) {
-        std::string bytes(TypeParam::width, '\0');
-        for (char& byte : bytes) byte = static_cast<char>(random() & 0xFF);
-        expectMarks<TypeParam>(bytes);
-        if (this->HasFailure()) return;
-    }
-}
 
 using Rule = bool (*)(const char*);
 

@@ -184,6 +184,15 @@ TEST(Decode, ThrowsWhenMemoryIsExhaustedAndParsesAfterwards) {
     EXPECT_GT(allocationsThatFailed(call, Leaks::insideTheParser), 10);
 }
 
+TEST(Decode, FreesAllOfAUsualDocumentWhenMemoryIsExhausted) {
+    const std::string xml = R"(<?xml version="1.0" encoding="UTF-8" ?><servercommandservice><Token>)" + guid +
+                            "</Token><request name=\"" + guid +
+                            "\" Counter=\"2\"><ChannelGuidOfManyLetters>a  " + guid +
+                            "</ChannelGuidOfManyLetters><Empty /></request></servercommandservice>";
+    const auto call = [&] { return Document(Decode(xml.c_str())) != nullptr; };
+    EXPECT_GT(allocationsThatFailed(call), 10);
+}
+
 // The copy of the text and the document itself are the library's own.
 TEST(Decode, FreesItsOwnWhenTheDocumentCannotBeMade) {
     const LeaksAllowed whileParsing;
