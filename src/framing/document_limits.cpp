@@ -79,7 +79,7 @@ class Scan {
     const char* exceeded(const char* text) {
         if (begins(text, "\xEF\xBB\xBF")) utf8_ = encodingKnown_ = true;
         const char* at = skipBlanks(text);
-        while (at && *at == '<' && !reason_) {
+        while (at && *at == '<') {
             const bool declares = beginsInAnyCase(at, "<?xml");
             const char* const end = node(at);
             if (declares && end && !encodingKnown_) {

@@ -158,7 +158,7 @@ class Inflated {
         return static_cast<std::size_t>(std::min(size, most));
     }
 
-    bool isFull(int code) const { return (code == Z_OK || code == Z_BUF_ERROR) && stream_.avail_out == 0; }
+    bool isFull(int code) const { return code == Z_OK && stream_.avail_out == 0; }
 
     // Full room, even of the shortest input, holds the head.
     unsigned int counter() const {

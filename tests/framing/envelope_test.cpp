@@ -140,6 +140,12 @@ TEST(SetStringValue, IsNullWithoutAParent) {
     EXPECT_EQ(child, nullptr);
 }
 
+TEST(SetStringValue, IsNullWithoutAName) {
+    Root root;
+    EXPECT_EQ(SetStringValue(root.element(), nullptr, "b"), nullptr);
+    EXPECT_EQ(root.text(), "<root />\n");
+}
+
 TEST(SetStringValueAtt, AppendsAnElementWithTheAttributeName) {
     Root root;
     const TiXmlElement* const child = SetStringValueAtt(root.element(), "request", "AddDevice");
@@ -167,6 +173,12 @@ TEST(SetStringValueAtt, IsNullWithoutAParent) {
     const TiXmlElement* const child = SetStringValueAtt(nullptr, "a", "b");
     EXPECT_EQ(captured.text(), "");
     EXPECT_EQ(child, nullptr);
+}
+
+TEST(SetStringValueAtt, IsNullWithoutAName) {
+    Root root;
+    EXPECT_EQ(SetStringValueAtt(root.element(), nullptr, "b"), nullptr);
+    EXPECT_EQ(root.text(), "<root />\n");
 }
 
 TEST(GetXmlEncode, IndentsFourBlanksALevel) {

@@ -1,8 +1,10 @@
 // The encoder against its rules written down plainly: the whole block, and compress() over it. What is
 // compressed piece by piece, into the caller's buffer or beside it, must be the same byte for byte.
+#include "media/record_block.h"
 #include "media/record_blocks.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <random>
 #include <string>
@@ -173,6 +175,19 @@ TEST(RecordBlock, IsWhatCompressMakesOfAMatchWhereverItsWindowMoves) {
                           static_cast<int>(want.size()));
                 ASSERT_EQ(out.compare(0, want.size(), want), 0) << target << " back " << distance;
             }
+}
+
+// zlib's own bound may be counted in 32 bits.
+TEST(longestRecordBlock, IsNoLongerThanAnyBufferMayBe) {
+    __tagVtRecordElementParam entry = record(1, "/a");
+    __tagVtRecordParam list = __tagVtRecordParam();
+    list.Records = &entry; // none of them is looked at
+    for (const unsigned int counter : {20000000u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        list.Counter = counter;
+        EXPECT_EQ(longestRecordBlock(list), std::size_t{INT_MAX});
+    }
+    list.Counter = 1;
+    EXPECT_EQ(longestRecordBlock(list), compressBound(56 + 88));
 }
 
 } // namespace
