@@ -19,7 +19,7 @@ namespace veltoprotocol {
 // Number of the lowest bit set; there is one.
 inline std::size_t lowestBit(std::uint64_t bits) {
 #ifdef __GNUC__
-    return static_cast<std::size_t>(__builtin_ctzll(bits));
+    return static_cast<unsigned>(__builtin_ctzll(bits));
 #else
     std::size_t number = 0;
     for (; (bits & 1) == 0; bits >>= 1) ++number;

@@ -66,31 +66,12 @@ class Element {
     // <Name>value</Name>; a null text gives <Name />, an empty one <Name></Name>
     template <std::size_t N, class Value>
     VELTO_INLINE void value(const char (&name)[N], const Value& value) {
-        const auto text = shown(value);
-        open(name);
-        if (absent(text)) return sink_.literal(" />\n");
-        sink_.literal(">");
-        sink_.put(text);
-        close(name);
+        locally([&](Element x) VELTO_INLINED { x.putValue(name, shown(value)); });
     }
 
     template <std::size_t N, class... Parts>
     VELTO_INLINE void element(const char (&name)[N], const Parts&... parts) {
-        open(name);
-        (inTag(parts), ...);
-        if constexpr ((standsInTag<Parts> && ...)) {
-            sink_.literal(" />\n");
-        } else {
-            sink_.literal(">\n");
-            const auto before = sink_.mark();
-            (inside(parts), ...);
-            if (sink_.mark() == before) { // nothing came
-                sink_.retract(2);
-                return sink_.literal(" />\n");
-            }
-            indent();
-            close(name);
-        }
+        locally([&](Element x) VELTO_INLINED { x.putElement(name, parts...); });
     }
 
     // An element for each entry.
@@ -112,22 +93,45 @@ class Element {
         }
     }
 
-    // Runs a tree over a sink of its own, which can stay in registers: what is written through this one might
-    // lie in the bytes that are written.
-    template <class Tree>
-    VELTO_INLINE void locally(const Tree& tree) {
+  private:
+    // Runs words over a sink of their own, which can stay in registers: what is written through this one
+    // might lie in the bytes that are written.
+    template <class Words>
+    VELTO_INLINE void locally(const Words& words) {
         Sink sink = sink_;
-        tree(Element(sink));
+        words(Element(sink));
         sink_ = sink;
     }
 
-  private:
-    VELTO_INLINE void indent() {
-        if constexpr (Depth > 0) {
-            char blanks[static_cast<std::size_t>(4 * Depth) + 1];
-            std::memset(blanks, ' ', 4 * Depth);
-            sink_.literal(blanks);
+    template <std::size_t N, class Shown>
+    VELTO_INLINE void putValue(const char (&name)[N], const Shown& text) {
+        open(name);
+        if (absent(text)) return sink_.literal(" />\n");
+        sink_.literal(">");
+        sink_.put(text);
+        close(name);
+    }
+    template <std::size_t N, class... Parts>
+    VELTO_INLINE void putElement(const char (&name)[N], const Parts&... parts) {
+        open(name);
+        (inTag(parts), ...);
+        if constexpr ((standsInTag<Parts> && ...)) {
+            sink_.literal(" />\n");
+        } else {
+            sink_.literal(">\n");
+            const auto before = sink_.mark();
+            (inside(parts), ...);
+            if (sink_.mark() == before) { // nothing came
+                sink_.retract(2);
+                return sink_.literal(" />\n");
+            }
+            indent();
+            close(name);
         }
+    }
+
+    VELTO_INLINE void indent() {
+        if constexpr (Depth > 0) sink_.literal(blanks<4 * Depth>);
     }
     template <std::size_t N>
     VELTO_INLINE void open(const char (&name)[N]) {

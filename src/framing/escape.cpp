@@ -3,9 +3,29 @@
 namespace veltoprotocol {
 namespace {
 
+constexpr auto stops = [](const auto& block) { return block.stops(); };
+
 // The first byte that cannot stand as it is, or the end. A NUL, which no text holds, would be one.
-const char* firstSpecial(const char* from, const char* end) {
-    return firstOf(from, end, [](const auto& block) { return block.stops(); });
+const char* firstSpecial(const char* from, const char* end) { return firstOf(from, end, stops); }
+
+// Copies a text that stands as it is, and returns its end. Null for another one, of which some bytes may have
+// been copied.
+VELTO_INLINE char* copied(char* to, Text text) {
+    if (text.size == 0) return to;
+    if (text.size <= ShortText::longest) {
+        const ShortText all(text.data, text.size);
+        if (all.first<Block>(stops) != text.size) return nullptr;
+        all.store(to);
+        return to + text.size;
+    }
+    const std::size_t last = text.size - Block::size;
+    for (std::size_t at = 0; at < text.size; at += Block::size) {
+        const std::size_t begin = std::min(at, last);
+        const Block block = Block::load(text.data + begin);
+        if (block.stops().any()) return nullptr;
+        block.store(to + begin);
+    }
+    return to + text.size;
 }
 
 struct Reference {
@@ -44,14 +64,21 @@ std::size_t escapedLength(Text text) {
     return length;
 }
 
+char* writePlain(char* to, Text text) {
+    if (text.size > ShortText::longest)
+        std::memcpy(to, text.data, text.size);
+    else if (text.size > 0)
+        ShortText(text.data, text.size).store(to);
+    return to + text.size;
+}
+
 char* writeEscaped(char* to, Text text) {
+    if (char* const behind = copied(to, text)) return behind;
     const char* from = text.data;
     const char* const end = text.data + text.size;
     while (from < end) {
         const char* const special = firstSpecial(from, end);
-        const auto plain = static_cast<std::size_t>(special - from);
-        std::memcpy(to, from, plain);
-        to += plain;
+        to = writePlain(to, {from, static_cast<std::size_t>(special - from)});
         if (special == end) break;
         const Reference reference = referenceTo(static_cast<unsigned char>(*special));
         std::memcpy(to, reference.text, reference.size);
@@ -63,10 +90,13 @@ char* writeEscaped(char* to, Text text) {
 
 // kept: as the XML library prints it
 char* writeEscapedAndQuote(char* to, Text text) {
-    const bool apostrophes = text.size > 0 && std::memchr(text.data, '"', text.size) != nullptr;
-    const char quote = apostrophes ? '\'' : '"';
-    to[-1] = quote;
-    to = writeEscaped(to, text);
+    char quote = '"';
+    if (char* const behind = copied(to, text)) {
+        to = behind;
+    } else {
+        if (std::memchr(text.data, '"', text.size)) to[-1] = quote = '\'';
+        to = writeEscaped(to, text);
+    }
     *to = quote;
     return to + 1;
 }

@@ -10,6 +10,9 @@ constexpr std::size_t longestReference = 6; // of what may stand for one byte
 
 std::size_t escapedLength(Text text);
 
+// Copies a text as it is and returns its end; quicker than memcpy where it is short.
+char* writePlain(char* to, Text text);
+
 // Writes escapedLength(text) bytes and returns their end.
 char* writeEscaped(char* to, Text text);
 

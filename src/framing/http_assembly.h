@@ -28,6 +28,8 @@ class Head {
         return head;
     }
     static Head response(Text connection) { return Head(connection); }
+    // The head of most answers.
+    static constexpr Head response() { return Head(keepAlive, true); }
     static Head response(Text connection, Text status) {
         Head head(connection);
         head.start_ = Start::status;
@@ -57,6 +59,7 @@ class Head {
     }
 
     bool breaksLine() const {
+        if (start_ == Start::ok && common_) return false;
         const bool start = start_ == Start::path || start_ == Start::status;
         return (start && veltoprotocol::breaksLine(target_)) || veltoprotocol::breaksLine(host_) ||
                (!common_ &&
@@ -87,9 +90,11 @@ class Head {
 
     std::size_t length(std::size_t contentLength) const {
         Count count;
-        write(count, 0);
-        return static_cast<std::size_t>(count.bytes()) - 1 + lengthNumber(contentLength).length();
+        write(count, contentLength);
+        return static_cast<std::size_t>(count.bytes());
     }
+    // At least that of the longest content there is.
+    std::size_t mostLength() const { return length(0) + Number<int>::longest; }
 
   private:
     // Whatever is sent is no longer than INT_MAX.
@@ -99,13 +104,15 @@ class Head {
 
     enum class Start { ok, command, manage, path, status };
 
-    explicit Head(Text connection) : connection_(connection), common_(connection == keepAlive) {}
+    constexpr Head(Text connection, bool common) : connection_(connection), common_(common) {}
+    explicit Head(Text connection) : Head(connection, connection == keepAlive) {}
 
     template <class Sink>
     VELTO_INLINE void writeStart(Sink& to) const {
+        if (start_ == Start::ok) return to.literal("HTTP/1.1 200 OK\r\nServer: vtengine");
         switch (start_) {
         case Start::ok:
-            return to.literal("HTTP/1.1 200 OK\r\nServer: vtengine");
+            break;
         case Start::status:
             to.literal("HTTP/1.1 ");
             to.raw(target_);
@@ -133,6 +140,8 @@ class Head {
     bool common_; // keep-alive, XML, no credentials
 };
 
+inline constexpr Head usualAnswer = Head::response();
+
 // What every encoder asks before it builds or prints anything.
 inline bool usable(const Head& head, const char* out, int size) {
     return out != nullptr && size >= 1 && !head.breaksLine();
@@ -142,13 +151,13 @@ inline bool usable(const Head& head, const char* out, int size) {
 // than `size`, nothing is written and -1 is returned. There is no terminating NUL. `writeBody` puts exactly
 // bodyLength bytes.
 template <class WriteBody>
-int deliver(const Head& head, std::size_t bodyLength, const WriteBody& writeBody, char* out, int size,
-            bool plain = false) {
+int deliver(const Head& head, std::size_t bodyLength, const WriteBody& writeBody, char* out, int size) {
     const std::size_t headLength = head.length(bodyLength);
     const auto room = static_cast<std::size_t>(size);
     if (bodyLength > room || headLength > room - bodyLength) return -1;
-    Write to(out, plain);
-    head.write(to, bodyLength);
+    Write front(out);
+    head.write(front, bodyLength);
+    Write to(front.mark());
     writeBody(to);
     return static_cast<int>(headLength + bodyLength);
 }

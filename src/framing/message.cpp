@@ -54,33 +54,49 @@ int send(const Envelope& envelope, const Head& head, const Body& body, char* out
 
 namespace {
 
-template <class X>
-void document(X x, const Envelope& envelope, const Body& body) {
-    x.declaration();
-    x.element("servercommandservice", [&](auto root) {
-        // kept: unsigned in every interface, signed on the wire
-        root.value("seqnum", static_cast<int>(envelope.seqnum));
-        root.value("version", "1.0.0");
-        if (envelope.carriesToken) root.value("Token", envelope.token.text);
-        if (envelope.counter > 0)
-            root.element("request", attribute("name", envelope.name), attribute("Counter", envelope.counter),
-                         body);
-        else if (envelope.request)
-            root.element("request", attribute("name", envelope.name), body);
-        else
-            root.element("response", attribute("name", envelope.name), body);
-    });
+// The command element, and the root's end. `opening` ends with the quote of the name.
+template <class Sink, std::size_t Opening, std::size_t Closing>
+VELTO_INLINE Sink command(Sink to, const char (&opening)[Opening], const char (&closing)[Closing],
+                          const Envelope& envelope, const Body& body) {
+    to.literal(opening);
+    if (envelope.name.absent())
+        to.retract(sizeof " name=\"" - 1);
+    else
+        to.quoted(envelope.name);
+    if (envelope.counter > 0) {
+        to.literal(" Counter=\"");
+        to.quoted(shown(envelope.counter));
+    }
+    to.literal(">\n");
+    const auto before = to.mark();
+    to = body(to);
+    if (to.mark() != before) {
+        to.literal(closing);
+    } else { // nothing came
+        to.retract(sizeof ">\n" - 1);
+        to.literal(" />\n</servercommandservice>\n");
+    }
+    return to;
 }
 
-} // namespace
-
-std::size_t xmlLength(const Envelope& envelope, const Body& body) {
-    Count xml;
-    document(Element<Count, 0>(xml), envelope, body);
-    return static_cast<std::size_t>(xml.bytes());
+// The envelope in long literals: in a short message it is most of the work.
+template <class Sink>
+Sink document(Sink to, const Envelope& envelope, const Body& body) {
+    Element<Sink, 0>(to).declaration();
+    to.literal("<servercommandservice>\n    <seqnum>");
+    // kept: unsigned in every interface, signed on the wire
+    to.put(shown(static_cast<int>(envelope.seqnum)));
+    to.literal("</seqnum>\n    <version>1.0.0</version>\n");
+    if (envelope.carriesToken) Element<Sink, 1>(to).value("Token", envelope.token.text);
+    if (envelope.request)
+        return command(to, "    <request name=\"", "    </request>\n</servercommandservice>\n", envelope,
+                       body);
+    return command(to, "    <response name=\"", "    </response>\n</servercommandservice>\n", envelope, body);
 }
 
-namespace {
+std::size_t writeDocument(char* to, const Envelope& envelope, const Body& body) {
+    return static_cast<std::size_t>(document(Write(to), envelope, body).mark() - to);
+}
 
 // Where there is room for the longest message that these arguments could make, it is written without being
 // measured first: the body where it stands if it is short, then the head in front of it. Nothing behind the
@@ -88,44 +104,60 @@ namespace {
 int sendUnmeasured(const Envelope& envelope, const Head& head, const Body& body, std::uint64_t shortest,
                    char* out) {
     const std::size_t guess = head.length(static_cast<std::size_t>(shortest));
-    char* const begin = out + guess;
-    Write to(begin);
-    document(Element<Write, 0>(to), envelope, body);
-    const auto length = static_cast<std::size_t>(to.mark() - begin);
+    const std::size_t length = writeDocument(out + guess, envelope, body);
     const std::size_t headLength = head.length(length);
-    if (headLength != guess) std::memmove(out + headLength, begin, length); // its length has more digits
+    if (headLength != guess)
+        std::memmove(out + headLength, out + guess, length); // its length has more digits
     Write front(out);
     head.write(front, length);
     return static_cast<int>(headLength + length);
 }
 
+// A body that could not be longer than this is written on the stack first: to copy it takes less than to
+// measure it.
+constexpr std::size_t longestShort = 8192;
+int sendShort(const Envelope& envelope, const Head& head, const Body& body, char* out, int size) {
+    char xml[longestShort];
+    const std::size_t length = writeDocument(xml, envelope, body);
+    const auto copy = [&](Write& to) { to.raw({xml, length}); };
+    return deliver(head, length, copy, out, size);
+}
+
 } // namespace
+
+std::size_t xmlLength(const Envelope& envelope, const Body& body) {
+    return static_cast<std::size_t>(document(Count(), envelope, body).bytes());
+}
 
 int send(const Envelope& envelope, const Head& head, const Body& body, char* out, int size) {
     if (!usable(head, out, size)) return -1;
-    constexpr int hopeless = 512; // in less room than that, hardly any message could be at its longest
-    if (size >= hopeless && !envelope.trace && envelope.tail.size == 0) {
-        Limits limits;
-        document(Element<Limits, 0>(limits), envelope, body);
-        if (limits.most() + head.length(0) + Number<int>::longest <= static_cast<std::uint64_t>(size))
+    if (!envelope.trace && envelope.tail.size == 0) {
+        const Limits limits = document(Limits(), envelope, body);
+        if (limits.most() + head.mostLength() <= static_cast<std::uint64_t>(size))
             return sendUnmeasured(envelope, head, body, limits.least(), out);
+        if (limits.most() <= longestShort) return sendShort(envelope, head, body, out, size);
     }
 
-    Count xml;
-    document(Element<Count, 0>(xml), envelope, body);
+    const Count xml = document(Count(), envelope, body);
     if (xml.bytes() > INT_MAX) return -1; // no line is as long as that either
     const auto length = static_cast<std::size_t>(xml.bytes());
+    const auto write = [&](char* to) {
+        if (xml.plain())
+            document(WritePlain(to), envelope, body);
+        else
+            document(Write(to), envelope, body);
+    };
     if (envelope.trace) {
         RenderedLine line(envelope.trace, length);
-        Write to(line.xml(), xml.plain());
-        document(Element<Write, 0>(to), envelope, body);
+        write(line.xml());
         line.print();
     }
-    const auto write = [&](Write& to) {
-        document(Element<Write, 0>(to), envelope, body);
-        to.raw(envelope.tail);
+    const auto writeBody = [&](Write& to) {
+        write(to.mark());
+        Write behind(to.mark() + length);
+        behind.raw(envelope.tail);
     };
-    return deliver(head, length + envelope.tail.size, write, out, size, xml.plain());
+    return deliver(head, length + envelope.tail.size, writeBody, out, size);
 }
 
 #endif

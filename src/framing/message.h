@@ -3,8 +3,9 @@
 //     const auto tree = [&](auto x) { x.value("ChannelGuid", channelGuid); };
 //     return Request("ManualRecord", seqnum, Token{token}).post(commandPath, host, tree, out, size);
 //
-// The tree is run twice, once to count and once to write straight into the caller's buffer. Arguments are
-// therefore read twice: a caller may share them between threads, but not change them during the call.
+// The tree is run several times: for the longest that it could be, as a rule to count if that is more than
+// there is room for, and to write. Arguments are therefore read more than once: a caller may share them
+// between threads, but not change them during the call.
 #pragma once
 
 #include "framing/element.h"
@@ -16,41 +17,56 @@
 
 namespace veltoprotocol {
 
+#ifdef VELTO_THROUGH_TREE
+template <class Tree>
+TreeElement filled(const Tree& tree, TreeElement command) {
+    tree(command);
+    return command;
+}
+#else
+// A sink goes in and comes out by value, so that whoever holds it can keep it in registers.
+template <class Tree, class Sink>
+Sink filled(const Tree& tree, Sink sink) {
+    tree(Element<Sink, 2>(sink));
+    return sink;
+}
+#endif
+
 // A tree, reduced to one function for each pass over it, so that the envelope is compiled once for all
 // messages.
-template <class X>
+template <class Sink>
 struct Pass {
-    void (*run)(const void* tree, X);
+    Sink (*run)(const void* tree, Sink);
 };
-template <class... X>
+template <class... Sinks>
 class Passes {
   public:
     template <class Tree>
-    explicit Passes(const Tree& tree) : tree_(&tree), passes_(&passesOver<Tree>) {}
+    explicit Passes(const Tree& tree) : tree_(&tree), passes_(passesOver<Tree>) {}
 
-    template <class Other>
-    void operator()(Other x) const {
-        static_cast<const Pass<Other>*>(passes_)->run(tree_, x);
+    template <class Sink>
+    Sink operator()(Sink sink) const {
+        return static_cast<const Pass<Sink>&>(passes_).run(tree_, sink);
     }
 
   private:
-    struct All : Pass<X>... {};
+    struct All : Pass<Sinks>... {};
 
-    template <class Tree, class Other>
-    static void run(const void* tree, Other x) {
-        x.locally(*static_cast<const Tree*>(tree));
+    template <class Tree, class Sink>
+    static Sink run(const void* tree, Sink sink) {
+        return filled(*static_cast<const Tree*>(tree), sink);
     }
     template <class Tree>
-    static constexpr All passesOver = {Pass<X>{run<Tree, X>}...};
+    static constexpr All passesOver = {Pass<Sinks>{run<Tree, Sinks>}...};
 
     const void* tree_;
-    const All* passes_;
+    const All& passes_;
 };
 
 #ifdef VELTO_THROUGH_TREE
 using Body = Passes<TreeElement>;
 #else
-using Body = Passes<Element<Limits, 2>, Element<Count, 2>, Element<Write, 2>>;
+using Body = Passes<Limits, Count, Write, WritePlain>;
 #endif
 
 // The session token of a request; a null text is an empty Token element.
@@ -130,7 +146,11 @@ class Response {
     }
 
     template <class Tree>
-    int reply(const Tree& tree, char* out, int size, Text connection = keepAlive) const {
+    int reply(const Tree& tree, char* out, int size) const {
+        return reply(usualAnswer, tree, out, size);
+    }
+    template <class Tree>
+    int reply(const Tree& tree, char* out, int size, Text connection) const {
         return reply(Head::response(connection), tree, out, size);
     }
     template <class Tree>

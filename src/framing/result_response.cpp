@@ -4,102 +4,110 @@
 
 namespace veltoprotocol {
 
+namespace {
+
+int answer(Text name, int result, unsigned int seqnum, char* out, int size, const Head& head = usualAnswer) {
+    const auto tree = [&](auto x) { x.value("Result", result); };
+    return Response(name, seqnum).reply(head, tree, out, size);
+}
+
+} // namespace
+
 int GetRespEncode(int result, unsigned int seqnum, char* out, int size, const char* name,
                   const char* connection) {
-    const auto tree = [&](auto x) { x.value("Result", result); };
-    return Response(name, seqnum).reply(tree, out, size, connection);
+    return answer(name, result, seqnum, out, size, Head::response(connection));
 }
 
 int GetLogoutRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "Logout",
-                         "close"); // the only one that ends the connection
+    return answer("Logout", result, seqnum, out, size, Head::response(closeConnection)); // no other ends it
 }
+
 int GetSetViewGroupDataRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "SetViewGroupData", "keep-alive");
+    return answer("SetViewGroupData", result, seqnum, out, size);
 }
 
 int GetAddDeviceRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "AddDevice", "keep-alive");
+    return answer("AddDevice", result, seqnum, out, size);
 }
 
 int GetUpdateDeviceRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "UpdateDevice", "keep-alive");
+    return answer("UpdateDevice", result, seqnum, out, size);
 }
 
 int GetDeleteDeviceRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DeleteDevice", "keep-alive");
+    return answer("DeleteDevice", result, seqnum, out, size);
 }
 
 int GetAddStorageRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "AddStorage", "keep-alive");
+    return answer("AddStorage", result, seqnum, out, size);
 }
 
 int GetUpdateStorageRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "UpdateStorage", "keep-alive");
+    return answer("UpdateStorage", result, seqnum, out, size);
 }
 
 int GetDeleteStorageRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DeleteStorage", "keep-alive");
+    return answer("DeleteStorage", result, seqnum, out, size);
 }
 
 int GetAddScheduleRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "AddSchedule", "keep-alive");
+    return answer("AddSchedule", result, seqnum, out, size);
 }
 
 int GetUpdateScheduleRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "UpdateSchedule", "keep-alive");
+    return answer("UpdateSchedule", result, seqnum, out, size);
 }
 
 int GetDeleteScheduleRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DeleteSchedule", "keep-alive");
+    return answer("DeleteSchedule", result, seqnum, out, size);
 }
 
 int GetPlaybackRecordRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "PlaybackRecord", "keep-alive");
+    return answer("PlaybackRecord", result, seqnum, out, size);
 }
 
 int GetPlaybackStopRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "PlaybackStop", "keep-alive");
+    return answer("PlaybackStop", result, seqnum, out, size);
 }
 
 int GetDownloadRecordRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DownloadRecord", "keep-alive");
+    return answer("DownloadRecord", result, seqnum, out, size);
 }
 
 int GetDownloadStopRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DownloadStop", "keep-alive");
+    return answer("DownloadStop", result, seqnum, out, size);
 }
 
 int GetDownloadPictureRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DownloadPicture", "keep-alive");
+    return answer("DownloadPicture", result, seqnum, out, size);
 }
 
 int GetDownloadEMapPictureRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DownloadEMapPicture", "keep-alive");
+    return answer("DownloadEMapPicture", result, seqnum, out, size);
 }
 
 int GetManualRecordRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "ManualRecord", "keep-alive");
+    return answer("ManualRecord", result, seqnum, out, size);
 }
 
 int GetNotificationRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "Notification", "keep-alive");
+    return answer("Notification", result, seqnum, out, size);
 }
 
 int GetAddArchiveRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "AddArchiveInfo", "keep-alive");
+    return answer("AddArchiveInfo", result, seqnum, out, size);
 }
 
 int GetUpdateArchiveRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "UpdateArchiveInfo", "keep-alive");
+    return answer("UpdateArchiveInfo", result, seqnum, out, size);
 }
 
 int GetDeleteArchiveRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "DeleteArchiveInfo", "keep-alive");
+    return answer("DeleteArchiveInfo", result, seqnum, out, size);
 }
 
 int GetStopSearchDeviceRespEncode(int result, unsigned int seqnum, char* out, int size) {
-    return GetRespEncode(result, seqnum, out, size, "StopSearchDevice", "keep-alive");
+    return answer("StopSearchDevice", result, seqnum, out, size);
 }
 
 } // namespace veltoprotocol

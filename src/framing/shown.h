@@ -8,8 +8,8 @@
 
 namespace veltoprotocol {
 
-std::size_t decimalLength(std::uint64_t value);
-// Write the digits of a number that has more than one, and return their end.
+std::size_t decimalLength(std::uint32_t value);
+// Write a number and return its end.
 char* writeDecimal(char* to, int value);
 char* writeDecimal(char* to, unsigned int value);
 
@@ -25,11 +25,12 @@ struct Number {
     std::size_t length() const {
         if (isDigit()) return 1;
         if constexpr (std::is_signed_v<Integer>) {
-            if (value < 0) return 1 + decimalLength(std::uint64_t{0} - static_cast<std::uint64_t>(value));
+            if (value < 0) return 1 + decimalLength(0u - static_cast<std::uint32_t>(value));
         }
         if (value < 100) return 2;
         if (value < 1000) return 3;
-        return decimalLength(static_cast<std::uint64_t>(value));
+        if (value < 10000) return 4;
+        return decimalLength(static_cast<std::uint32_t>(value));
     }
     char* write(char* to) const {
         if (!isDigit()) return writeDecimal(to, value);

@@ -2,10 +2,11 @@
 // look at any text, Count how long it is, Write puts the bytes.
 //
 // All take the same words, so that one description serves them all and no pass over it needs a test of room.
-// In the order of gain: no measuring where the longest possible message fits; fields looked at in blocks of
-// sixteen bytes, which are copied while they are looked at, one load and one mask of the places where the
-// text may end; literals of a length that the compiler knows; a message that Count found plain is written
-// without a look for what needs a reference.
+// In the order of gain: a sink is a small value that goes from function to function in registers, since what
+// is written through a sink in memory might overwrite it; no measuring where the longest possible message
+// fits, into the buffer or on the stack; fields looked at in blocks of sixteen bytes, which are copied while
+// they are looked at, one load and one mask of the places where the text may end; literals of a length that
+// the compiler knows; a message that Count found plain is written without a look for what needs a reference.
 #pragma once
 
 #include "framing/escape.h"
@@ -112,12 +113,14 @@ class Count {
 
 // Writes without a test of room: whoever makes one has counted first. A wide store may touch up to sixteen
 // bytes behind a value or a name; every message ends in more literal bytes than that, which are written last.
-class Write {
+// A Plain one is for a message in which no text needs a reference.
+enum class Texts { any, plain };
+template <Texts texts>
+class Writing {
   public:
     static constexpr bool counts = false;
 
-    // `plain` promises that no text needs a reference.
-    explicit Write(char* out, bool plain = false) : at_(out), plain_(plain) {}
+    explicit Writing(char* out) : at_(out) {}
 
     template <std::size_t N>
     VELTO_INLINE void literal(const char (&text)[N]) {
@@ -129,13 +132,9 @@ class Write {
         std::memcpy(at_, text.bytes, sizeof text.bytes);
         at_ += Size;
     }
-    VELTO_INLINE void raw(Text text) {
-        if (text.size > 0) std::memcpy(at_, text.data, text.size);
-        at_ += text.size;
-    }
+    VELTO_INLINE void raw(Text text) { at_ = writePlain(at_, text); }
     VELTO_INLINE void put(Text text) {
-        if (plain_) return raw(text);
-        at_ = writeEscaped(at_, text);
+        at_ = texts == Texts::plain ? writePlain(at_, text) : writeEscaped(at_, text);
     }
     template <std::size_t Width>
     VELTO_INLINE void put(FieldText<Width> field) {
@@ -149,14 +148,7 @@ class Write {
     VELTO_INLINE void put(Number<Integer> number) {
         at_ = number.write(at_);
     }
-    VELTO_INLINE void quoted(Text text) {
-        if (!plain_) {
-            at_ = writeEscapedAndQuote(at_, text);
-        } else {
-            raw(text);
-            *at_++ = '"';
-        }
-    }
+    VELTO_INLINE void quoted(Text text) { at_ = writeEscapedAndQuote(at_, text); }
     template <std::size_t Width>
     VELTO_INLINE void quoted(FieldText<Width> field) {
         std::size_t length = 0;
@@ -182,16 +174,17 @@ class Write {
     VELTO_INLINE bool copied(FieldText<Width> field, std::size_t& length) {
         const auto copying = [this](const Block& block, std::size_t at)
                                  VELTO_INLINED { block.store(at_ + at); };
-        if (plain_) {
-            length = field.end([](const Block& block) { return block.nuls(); }, copying);
-            return true;
-        }
-        length = field.end([](const Block& block) { return block.stops(); }, copying);
-        return length == Width || field.data[length] == '\0';
+        const auto ending = [](const Block& block) VELTO_INLINED {
+            return texts == Texts::plain ? block.nuls() : block.stops();
+        };
+        length = field.end(ending, copying);
+        return texts == Texts::plain || length == Width || field.data[length] == '\0';
     }
 
     char* at_;
-    bool plain_;
 };
+
+using Write = Writing<Texts::any>;
+using WritePlain = Writing<Texts::plain>;
 
 } // namespace veltoprotocol

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "framing/byte_block.h"
+#include "framing/wire_names.h"
 
+#include <algorithm>
 #include <type_traits>
 
 namespace veltoprotocol {
@@ -18,45 +20,60 @@ struct Text {
     constexpr bool absent() const { return data == nullptr; }
 };
 
+// What stands in so many bytes in front of the first NUL.
+inline Text textUpTo(const char* data, std::size_t width);
+
 // The text of a field: it ends at its NUL or at the field's width.
 template <std::size_t Width>
 struct FieldText {
     const char* data;
 
     // The first place that `places` finds in one of the field's blocks, or the width. Each block goes to
-    // `take` with the place where it begins; behind the field's end it holds zeros, which `places` may find.
+    // `take` with the place where it begins. The last one may begin among bytes that were looked at before; a
+    // field of less than a block has zeros behind its end, which `places` may find.
     template <class Block = veltoprotocol::Block, class Places, class Take>
-    [[gnu::always_inline]] inline std::size_t end(const Places& places, const Take& take) const {
-        constexpr std::size_t rest = Width % Block::size;
-        std::size_t at = 0;
-        for (; at + Block::size <= Width; at += Block::size) {
-            const Block block = Block::load(data + at);
-            take(block, at);
-            if (const auto found = places(block); found.any()) return at + found.first();
+    VELTO_INLINE std::size_t end(const Places& places, const Take& take) const {
+        if constexpr (Width < Block::size) {
+            char all[Block::size] = {};
+            std::memcpy(all, data, Width);
+            const Block block = Block::load(all);
+            take(block, 0);
+            const auto found = places(block);
+            return found.any() ? found.first() : Width;
+        } else {
+            constexpr std::size_t size = Block::size, last = Width - size;
+            std::size_t end = Width;
+            const auto endsIn = [&](std::size_t at) VELTO_INLINED {
+                const Block block = Block::load(data + at);
+                take(block, at);
+                const auto found = places(block);
+                if (VELTO_LIKELY(!found.any())) return false;
+                end = at + found.first();
+                return true;
+            };
+            // Most texts end in the first blocks, which need no loop.
+            if (endsIn(0) || (last > 0 && endsIn(std::min(size, last))) ||
+                (last > size && endsIn(std::min(2 * size, last))))
+                return end;
+            for (std::size_t at = 3 * size; at < Width; at += size)
+                if (endsIn(std::min(at, last))) break;
+            return end;
         }
-        if constexpr (rest > 0) {
-            char last[Block::size] = {};
-            std::memcpy(last, data + at, rest);
-            const Block block = Block::load(last);
-            take(block, at);
-            if (const auto found = places(block); found.any()) return at + found.first();
-        }
-        return Width;
     }
     template <class Block = veltoprotocol::Block, class Places>
-    [[gnu::always_inline]] inline std::size_t end(const Places& places) const {
+    VELTO_INLINE std::size_t end(const Places& places) const {
         return end<Block>(places, [](const Block&, std::size_t) {});
     }
 
-    Text text() const {
-        return {data, end([](const Block& block) { return block.nuls(); })};
-    }
+    Text text() const { return textUpTo(data, Width); }
     static constexpr bool absent() { return false; }
 };
 
-// A text of up to fifteen bytes in two words, in which bytes may stand twice.
+// A text of one to fifteen bytes in two words, in which bytes may stand twice.
 class ShortText {
   public:
+    static constexpr std::size_t longest = 15;
+
     ShortText(const char* from, std::size_t size) : size_(size) {
         if (size >= 8) {
             front_ = wordAt<std::uint64_t>(from);
@@ -66,6 +83,21 @@ class ShortText {
         } else { // the first, the middle and the last of one to three
             front_ = back_ = wordAt<std::uint8_t>(from) | wordAt<std::uint8_t>(from + size / 2) << 8 |
                              wordAt<std::uint8_t>(from + size - 1) * 0x0101010101010000u;
+        }
+    }
+    void store(char* to) const {
+        if (size_ >= 8) {
+            WordBlock::of(front_).store(to);
+            WordBlock::of(back_).store(to + size_ - 8);
+        } else if (size_ >= 4) {
+            char half[8];
+            WordBlock::of(front_).store(half);
+            std::memcpy(to, half, 4);
+            std::memcpy(to + size_ - 4, half + 4, 4);
+        } else {
+            to[0] = static_cast<char>(front_);
+            to[size_ / 2] = static_cast<char>(front_ >> 8);
+            to[size_ - 1] = static_cast<char>(front_ >> 16);
         }
     }
     // The first byte that `places` finds, or the text's end.
@@ -94,14 +126,23 @@ class ShortText {
     std::size_t size_;
 };
 
-// The first byte of a text that a block finds by `places`, or the text's end.
+// The first byte of a text that a block finds by `places`, or the text's end. The last block of a longer text
+// ends with it, so it may hold bytes that were looked at before.
 template <class Block = veltoprotocol::Block, class Places>
 const char* firstOf(const char* from, const char* end, const Places& places) {
-    for (; end - from >= static_cast<std::ptrdiff_t>(Block::size); from += Block::size)
+    const auto size = static_cast<std::size_t>(end - from);
+    if (size == 0) return end;
+    if (size <= ShortText::longest) return from + ShortText(from, size).first<Block>(places);
+    const char* const last = end - Block::size;
+    for (; from < last; from += Block::size)
         if (const auto found = places(Block::load(from)); found.any()) return from + found.first();
-    if (from == end) return end;
-    const auto left = static_cast<std::size_t>(end - from);
-    return from + ShortText(from, left).first<Block>(places);
+    const auto found = places(Block::load(last));
+    return found.any() ? last + found.first() : end;
+}
+
+inline Text textUpTo(const char* data, std::size_t width) {
+    const char* const end = firstOf(data, data + width, [](const auto& block) { return block.nuls(); });
+    return {data, static_cast<std::size_t>(end - data)};
 }
 
 // Whether a text would end a line of an HTTP head.

@@ -51,12 +51,6 @@ class TreeElement {
         for (Integer i = 0; i < times; ++i) element(name, tree);
     }
 
-    // Element's way to keep its sink in registers.
-    template <class Tree>
-    void locally(const Tree& tree) {
-        tree(*this);
-    }
-
     // What element() takes as its parts, added to this element itself.
     template <std::size_t N, class Value>
     void add(const Attribute<N, Value>& part) {

@@ -7,6 +7,7 @@
 // into one another they keep their place in the message in a register.
 #define VELTO_INLINE [[gnu::always_inline]] inline
 #define VELTO_INLINED __attribute__((always_inline))
+#define VELTO_LIKELY(condition) __builtin_expect((condition), true)
 
 namespace veltoprotocol {
 
@@ -16,6 +17,13 @@ struct Wide {
     static constexpr std::size_t step = 16;
     char bytes[(Size + step - 1) / step * step] = {};
 };
+
+template <std::size_t Size>
+constexpr Wide<Size> blanks = [] {
+    Wide<Size> made;
+    for (char& blank : made.bytes) blank = ' ';
+    return made;
+}();
 
 // What an attribute and an element's tags look like around a name.
 template <std::size_t N>

@@ -1,6 +1,7 @@
 // Texts and fields a block at a time: what is found is what is found byte by byte, with either kind of block.
 #include "framing/text.h"
 
+#include "framing/escape.h"
 #include "support/guarded_page.h"
 
 #include <gtest/gtest.h>
@@ -98,6 +99,32 @@ TYPED_TEST(TextBy, IsReadUpToItsFieldsWidth) {
     expectFieldEnds<TypeParam, 48>();
     expectFieldEnds<TypeParam, 100>();
     expectFieldEnds<TypeParam, 260>();
+}
+
+// Both end at a protected page.
+TEST(WritePlain, CopiesATextAndTouchesNothingElse) {
+    std::string text;
+    for (int i = 0; i < 70; ++i) {
+        const GuardedPage from(text);
+        GuardedPage to(text.size());
+        ASSERT_EQ(writePlain(to.data(), {from.data(), from.size()}), to.data() + to.size());
+        ASSERT_EQ(to.bytes(), text);
+        text += static_cast<char>('0' + i);
+    }
+}
+
+TEST(TextUpTo, EndsAtTheFirstNulOrTheWidth) {
+    for (std::size_t width = 0; width < 70; ++width) {
+        const std::string full(width, 'x');
+        const GuardedPage page(full);
+        ASSERT_EQ(textUpTo(page.data(), width).size, width);
+        for (std::size_t end = 0; end < width; ++end) {
+            std::string ended = full;
+            ended[end] = ended[width - 1] = '\0';
+            const GuardedPage two(ended);
+            ASSERT_EQ(textUpTo(two.data(), width).size, end) << width;
+        }
+    }
 }
 
 } // namespace
