@@ -1,12 +1,15 @@
 // Arguments that a seed decides: the same on every machine, and more awkward than careful callers would send.
+// A fuzzer decides them by its bytes.
 #pragma once
 
 #include "properties/every_encoder.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <random>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -26,11 +29,32 @@ struct Array {
     const Entry* data() const { return null ? nullptr : entries.data(); }
 };
 
+// While this lives, each new Draw of its thread draws from these bytes, and from its seed when it has used
+// them up.
+class DrawnBytes {
+  public:
+    explicit DrawnBytes(std::string_view bytes) { current_ = bytes; }
+    DrawnBytes(const DrawnBytes&) = delete;
+    DrawnBytes& operator=(const DrawnBytes&) = delete;
+    ~DrawnBytes() { current_ = {}; }
+
+    static std::string_view current() { return current_; }
+
+  private:
+    inline static thread_local std::string_view current_;
+};
+
 class Draw {
   public:
-    Draw(unsigned seed, Texts texts) : random_(seed), printable_(texts == Texts::printable) {}
+    Draw(unsigned seed, Texts texts)
+        : random_(seed),
+          given_(DrawnBytes::current()),
+          fuzzed_(!given_.empty()),
+          printable_(texts == Texts::printable) {}
 
-    unsigned below(unsigned bound) { return static_cast<unsigned>(random_()) % bound; }
+    unsigned below(std::size_t bound) {
+        return word(static_cast<unsigned>(bound)) % static_cast<unsigned>(bound);
+    }
     bool oneIn(unsigned bound) { return below(bound) == 0; }
     // Something that an encoder refuses, or has a rule of its own for.
     bool missing() { return !printable_ && oneIn(8); }
@@ -38,14 +62,18 @@ class Draw {
     template <class Integer>
     Integer number() {
         constexpr int picked[] = {0, 1, -1, 2, 9, 10, -10, INT_MAX, INT_MIN, 1000000};
-        return static_cast<Integer>(oneIn(2) ? picked[below(10)] : static_cast<int>(random_()));
+        return static_cast<Integer>(oneIn(2) ? picked[below(10)] : static_cast<int>(word(UINT_MAX)));
     }
     // 0 is what most encoders have a rule for.
     int code() { return oneIn(2) ? 0 : number<int>(); }
 
     // Without a NUL, at most `longest` bytes.
     std::string text(std::size_t longest) {
-        const std::size_t length = oneIn(3) ? longest : below(static_cast<unsigned>(longest) + 1);
+        if (fuzzed_ && !printable_) {
+            if (!given_.empty()) return givenText(longest);
+            if (!oneIn(8)) return std::string(oneIn(3) ? longest : below(longest + 1), 'x'); // cheap
+        }
+        const std::size_t length = oneIn(3) ? longest : below(longest + 1);
         std::string text;
         while (text.size() < length) {
             const std::string more = piece();
@@ -62,8 +90,7 @@ class Draw {
         if (printable_) return head;
         for (char& byte : head.text)
             if (byte == '\r' || byte == '\n') byte = '.';
-        if (oneIn(8))
-            head.text.insert(below(static_cast<unsigned>(head.text.size()) + 1), 1, "\r\n"[below(2)]);
+        if (oneIn(8)) head.text.insert(below(head.text.size() + 1), 1, "\r\n"[below(2)]);
         return head;
     }
     PointedText path() {
@@ -73,6 +100,7 @@ class Draw {
 
     // For the wrappers, which take bodies as they come.
     Array<char> body() {
+        if (fuzzed_ && !printable_) return array(givenText(1200));
         std::string bytes = "<body>" + plain(below(1200)) + "</body>\n";
         if (!printable_)
             for (char& byte : bytes) byte = static_cast<char>(below(256));
@@ -92,7 +120,10 @@ class Draw {
     Record noise() {
         static_assert(std::is_trivially_copyable_v<Record>, "a record is plain bytes");
         unsigned char bytes[sizeof(Record)];
-        for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(below(256));
+        if (fuzzed_ && sizeof bytes > 64) // neither worth the fuzzer's bytes nor its time
+            std::memset(bytes, static_cast<int>(1 + random_() % 255), sizeof bytes);
+        else
+            for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(below(256));
         Record record = Record();
         std::memcpy(static_cast<void*>(&record), bytes, sizeof record);
         return record;
@@ -104,6 +135,27 @@ class Draw {
     }
 
   private:
+    // Takes as many of the given bytes as a number below `bound` needs.
+    unsigned word(unsigned bound) {
+        if (given_.empty()) return static_cast<unsigned>(random_());
+        unsigned number = 0;
+        for (unsigned most = bound - 1; most > 0 && !given_.empty(); most >>= 8) {
+            number = number << 8 | static_cast<unsigned char>(given_.front());
+            given_.remove_prefix(1);
+        }
+        return number;
+    }
+    // Given bytes, now and then at the end of a text as long as it may be. Whatever the length they leave
+    // some for the texts that follow.
+    std::string givenText(std::size_t longest) {
+        std::string text(given_.substr(0, below(std::min<std::size_t>(longest, 40) + 1)));
+        given_.remove_prefix(text.size());
+        for (char& byte : text)
+            if (byte == '\0') byte = '0';
+        if (oneIn(4)) text.insert(0, longest - text.size(), 'x');
+        return text;
+    }
+
     template <std::size_t N>
     void fillOne(char (&field)[N]) {
         const std::string value = text(N);
@@ -121,7 +173,7 @@ class Draw {
         Array<typename Entries::value_type> array;
         array.entries.assign(entries.begin(), entries.end());
         array.null = missing();
-        array.count = missing()   ? static_cast<int>(0x80000000u | random_())
+        array.count = missing()   ? static_cast<int>(0x80000000u | word(UINT_MAX))
                       : missing() ? 0
                                   : static_cast<int>(entries.size());
         return array;
@@ -147,5 +199,7 @@ class Draw {
     }
 
     std::mt19937 random_;
+    std::string_view given_;
+    bool fuzzed_;
     bool printable_;
 };
