@@ -6,7 +6,9 @@
 #include "by_hand/tinyxml2.h"
 #include "timing.h"
 
+#include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace bench {
 namespace {
@@ -49,6 +51,40 @@ void registerAll(const Message& message) {
     registerOthers(message);
 }
 
+// Bytes at a given place within a page of memory.
+class Placed {
+  public:
+    Placed(std::size_t size, std::size_t place) : room_(size + 2 * page, '\1') {
+        at_ = page - reinterpret_cast<std::uintptr_t>(room_.data()) % page + place;
+    }
+    char* data() { return &room_[at_]; }
+
+  private:
+    static constexpr std::size_t page = 4096;
+    std::string room_;
+    std::size_t at_;
+};
+std::shared_ptr<Placed> placed(std::string_view bytes, std::size_t place) {
+    const auto made = std::make_shared<Placed>(bytes.size(), place);
+    std::memcpy(made->data(), bytes.data(), bytes.size());
+    return made;
+}
+
+// A frame is little but a copy, and what a copy takes depends by a tenth on how source and destination lie to
+// one another within their pages. So that the frame's way is the same for both, each of its bytes is read
+// from the place within a page to which it is written.
+void registerVideo(const VideoFrame& message) {
+    const std::string name = "encode/" + message.label + '/', bytes = encoded(message);
+    const auto frame = placed(message.frame, bytes.size() - message.frame.size());
+    const auto finished = placed(bytes, 0), out = placed(bytes, 0);
+    const int length = static_cast<int>(message.frame.size()), size = static_cast<int>(bytes.size());
+    timed(name + "library", bytes.size(), [=, &message] {
+        return veltoprotocol::GetVideoDataEncode(message.header, frame->data(), length, out->data(), size);
+    });
+    timed(name + "memcpy", bytes.size(),
+          [=] { return std::memcpy(out->data(), finished->data(), static_cast<std::size_t>(size)); });
+}
+
 } // namespace
 
 void registerEncoding() {
@@ -57,7 +93,7 @@ void registerEncoding() {
     for (const DeviceList& list : all().lists) registerAll(list);
     registerAll(all().escaped);
     registerAll(all().layout);
-    registerOwn(all().video);
+    registerVideo(all().video);
 }
 
 } // namespace bench

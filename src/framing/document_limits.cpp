@@ -146,7 +146,7 @@ class Scan {
         while (at && *at != '\0') {
             if (*at == '>') return at + 1;
             at = skipBlanks(at);
-            if (!at || *at == '\0') break;
+            if (*at == '\0') break;
             Text name;
             if (beginsInAnyCase(at, "version") || beginsInAnyCase(at, "encoding") ||
                 beginsInAnyCase(at, "standalone"))

@@ -88,13 +88,15 @@ class Head {
         to.literal("\r\n\r\n");
     }
 
-    std::size_t length(std::size_t contentLength) const {
+    // Of the head, but for the digits of the content's length.
+    std::size_t bareLength() const {
         Count count;
-        write(count, contentLength);
-        return static_cast<std::size_t>(count.bytes());
+        write(count, 0);
+        return static_cast<std::size_t>(count.bytes()) - 1;
     }
-    // At least that of the longest content there is.
-    std::size_t mostLength() const { return length(0) + Number<int>::longest; }
+    static std::size_t digits(std::size_t contentLength) { return lengthNumber(contentLength).length(); }
+    static constexpr std::size_t mostDigits = Number<int>::longest;
+    std::size_t length(std::size_t contentLength) const { return bareLength() + digits(contentLength); }
 
   private:
     // Whatever is sent is no longer than INT_MAX.
@@ -110,24 +112,19 @@ class Head {
     template <class Sink>
     VELTO_INLINE void writeStart(Sink& to) const {
         if (start_ == Start::ok) return to.literal("HTTP/1.1 200 OK\r\nServer: vtengine");
-        switch (start_) {
-        case Start::ok:
-            break;
-        case Start::status:
+        if (start_ == Start::status) {
             to.literal("HTTP/1.1 ");
             to.raw(target_);
             return to.literal("\r\nServer: vtengine");
-        case Start::command:
+        }
+        if (start_ == Start::command) {
             to.literal("POST /servercommandservice HTTP/1.1\r\nHost: ");
-            break;
-        case Start::manage:
+        } else if (start_ == Start::manage) {
             to.literal("POST /servercommandservice/manage HTTP/1.1\r\nHost: ");
-            break;
-        case Start::path:
+        } else {
             to.literal("POST ");
             to.raw(target_);
             to.literal(" HTTP/1.1\r\nHost: ");
-            break;
         }
         to.raw(host_);
     }

@@ -29,7 +29,7 @@ std::string xmlOf(const Envelope& envelope, const Body& body) {
     }
     TiXmlElement* const command =
         SetStringValueAtt(root, envelope.request ? "request" : "response",
-                          envelope.name.absent() ? nullptr : text(envelope.name).c_str());
+                          envelope.name.text().absent() ? nullptr : text(envelope.name.text()).c_str());
     if (envelope.counter > 0) command->SetAttribute("Counter", ItoString(envelope.counter).c_str());
     body(TreeElement(command));
     return GetXmlEncode(doc.get());
@@ -59,10 +59,14 @@ template <class Sink, std::size_t Opening, std::size_t Closing>
 VELTO_INLINE Sink command(Sink to, const char (&opening)[Opening], const char (&closing)[Closing],
                           const Envelope& envelope, const Body& body) {
     to.literal(opening);
-    if (envelope.name.absent())
+    if (envelope.name.isPlain()) {
+        to.raw(envelope.name.text());
+        to.literal("\"");
+    } else if (envelope.name.text().absent()) {
         to.retract(sizeof " name=\"" - 1);
-    else
-        to.quoted(envelope.name);
+    } else {
+        to.quoted(envelope.name.text());
+    }
     if (envelope.counter > 0) {
         to.literal(" Counter=\"");
         to.quoted(shown(envelope.counter));
@@ -101,11 +105,11 @@ std::size_t writeDocument(char* to, const Envelope& envelope, const Body& body) 
 // Where there is room for the longest message that these arguments could make, it is written without being
 // measured first: the body where it stands if it is short, then the head in front of it. Nothing behind the
 // message is touched.
-int sendUnmeasured(const Envelope& envelope, const Head& head, const Body& body, std::uint64_t shortest,
-                   char* out) {
-    const std::size_t guess = head.length(static_cast<std::size_t>(shortest));
+int sendUnmeasured(const Envelope& envelope, const Head& head, std::size_t bareHead, const Body& body,
+                   std::uint64_t shortest, char* out) {
+    const std::size_t guess = bareHead + Head::digits(static_cast<std::size_t>(shortest));
     const std::size_t length = writeDocument(out + guess, envelope, body);
-    const std::size_t headLength = head.length(length);
+    const std::size_t headLength = bareHead + Head::digits(length);
     if (headLength != guess)
         std::memmove(out + headLength, out + guess, length); // its length has more digits
     Write front(out);
@@ -133,8 +137,9 @@ int send(const Envelope& envelope, const Head& head, const Body& body, char* out
     if (!usable(head, out, size)) return -1;
     if (!envelope.trace && envelope.tail.size == 0) {
         const Limits limits = document(Limits(), envelope, body);
-        if (limits.most() + head.mostLength() <= static_cast<std::uint64_t>(size))
-            return sendUnmeasured(envelope, head, body, limits.least(), out);
+        const std::size_t bareHead = head.bareLength();
+        if (limits.most() + bareHead + Head::mostDigits <= static_cast<std::uint64_t>(size))
+            return sendUnmeasured(envelope, head, bareHead, body, limits.least(), out);
         if (limits.most() <= longestShort) return sendShort(envelope, head, body, out, size);
     }
 

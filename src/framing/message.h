@@ -74,8 +74,24 @@ struct Token {
     Text text;
 };
 
+// The name of a command. Those that stand in the sources as literals need no look for what XML escapes.
+class CommandName {
+  public:
+    template <std::size_t N>
+    CommandName(const char (&literal)[N]) : text_(literal, N - 1), isPlain_(true) {}
+    template <class Pointer, class = std::enable_if_t<std::is_same_v<Pointer, const char*>>>
+    CommandName(Pointer name) : text_(name) {} // of the caller's; may be null
+
+    Text text() const { return text_; }
+    bool isPlain() const { return isPlain_; }
+
+  private:
+    Text text_;
+    bool isPlain_ = false;
+};
+
 struct Envelope {
-    Text name;
+    CommandName name;
     unsigned int seqnum;
     bool request;
     bool carriesToken;
@@ -94,8 +110,9 @@ int send(const Envelope& envelope, const Head& head, const Body& body, char* out
 
 class Request {
   public:
-    Request(Text name, unsigned int seqnum) : envelope_{name, seqnum, true, false, {}, 0, nullptr, {}} {}
-    Request(Text name, unsigned int seqnum, Token token)
+    Request(CommandName name, unsigned int seqnum)
+        : envelope_{name, seqnum, true, false, {}, 0, nullptr, {}} {}
+    Request(CommandName name, unsigned int seqnum, Token token)
         : envelope_{name, seqnum, true, true, token, 0, nullptr, {}} {}
 
     // A second attribute of the command element.
@@ -126,7 +143,8 @@ class Request {
 
 class Response {
   public:
-    Response(Text name, unsigned int seqnum) : envelope_{name, seqnum, false, false, {}, 0, nullptr, {}} {}
+    Response(CommandName name, unsigned int seqnum)
+        : envelope_{name, seqnum, false, false, {}, 0, nullptr, {}} {}
 
     // Prints the XML, also when the message then does not fit.
     Response printedAs(const char* trace) const {

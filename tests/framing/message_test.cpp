@@ -118,12 +118,20 @@ TEST(Response, TakesAHeadWithAnotherStatus) {
 }
 
 TEST(Envelope, LeavesOutTheNameIfItIsNull) {
+    const char* const none = nullptr;
     const Encoded request =
-        encoded([](char* out, int size) { return Request(Text(), 1).post("/", "h", Empty(), out, size); });
+        encoded([=](char* out, int size) { return Request(none, 1).post("/", "h", Empty(), out, size); });
     EXPECT_NE(request.bytes.find("    <request />\n"), std::string::npos);
     const Encoded response =
-        encoded([](char* out, int size) { return Response(Text(), 1).reply(tree, out, size); });
+        encoded([=](char* out, int size) { return Response(none, 1).reply(tree, out, size); });
     EXPECT_NE(response.bytes.find("    <response>\n        <ChannelGuid>"), std::string::npos);
+}
+
+TEST(Envelope, EscapesANameOfTheCallers) {
+    const char* const name = "a<\"b\">";
+    const Encoded got =
+        encoded([=](char* out, int size) { return Response(name, 1).reply(tree, out, size); });
+    EXPECT_NE(got.bytes.find("    <response name='a&lt;&quot;b&quot;&gt;'>\n"), std::string::npos);
 }
 
 TEST(Envelope, WritesTheSequenceNumberSigned) {

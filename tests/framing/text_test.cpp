@@ -53,6 +53,13 @@ void expectFoundInText(const std::string& text) {
         << testing::PrintToString(text);
 }
 
+// What stands behind the end of a field that is narrower than a block is nothing that could be found.
+TYPED_TEST(TextBy, IsWholeInAFieldWithoutTheBytesThatAreLookedFor) {
+    const auto lineEnds = [](const auto& block) { return block.lineEnds(); };
+    EXPECT_EQ((FieldText<4>{"abcd"}.template end<TypeParam>(lineEnds)), 4u);
+    EXPECT_EQ((FieldText<4>{"ab\rd"}.template end<TypeParam>(lineEnds)), 2u);
+}
+
 TYPED_TEST(TextBy, IsReadUpToItsEnd) {
     for (std::size_t size = 0; size < 70; ++size) {
         expectFoundInText<TypeParam>(std::string(size, 'x'));
