@@ -6,7 +6,8 @@ namespace veltoprotocol {
 
 namespace {
 
-int answer(CommandName name, int result, unsigned int seqnum, char* out, int size, const Head& head = usualAnswer) {
+int answer(CommandName name, int result, unsigned int seqnum, char* out, int size,
+           const Head& head = usualAnswer) {
     const auto tree = [&](auto x) { x.value("Result", result); };
     return Response(name, seqnum).reply(head, tree, out, size);
 }

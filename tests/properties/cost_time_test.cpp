@@ -22,7 +22,7 @@ using namespace cost;
 bool spoiled(const std::string& name) {
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-    for (const char* one : {"comments", "CDATA sections", "<!>", "&#65;"})
+    for (const char* one : {"comments", "CDATA sections", "<!>", "end tags alone", "&#65;"})
         if (name == one) return true;
 #endif
 #endif
@@ -37,16 +37,15 @@ By maker(const std::string& text) {
 
 // Otherwise a family might cost nothing because it is given up at its first byte.
 TEST(CostFamilies, AreMadeIntoDocumentsByWhoTheySay) {
-    std::vector<std::pair<std::string, By>> expected, got;
-    {
-        const Muted quiet;
-        for (const Family& family : families()) {
-            expected.emplace_back(family.name, family.by);
-            got.emplace_back(family.name, maker(family.text(20000)));
-        }
+    std::size_t asked = 0;
+    for (const Family& family : families()) {
+        Captured quiet;
+        const By got = maker(family.text(20000));
+        quiet.text();
+        EXPECT_EQ(got, family.by) << family.name;
+        ++asked;
     }
-    EXPECT_GE(expected.size(), 60u);
-    EXPECT_EQ(got, expected);
+    EXPECT_GE(asked, 60u);
 }
 
 TEST(Decode, TakesTimeInProportionToTheText) {
@@ -115,16 +114,18 @@ TEST(GetSearchRecordResultDecode, TakesTimeInProportionToTheBlock) {
         } catch (const std::bad_alloc&) {
         }
     };
-    EXPECT_EQ(tooSteep(zeros(0), read, upTo(much)), "");
-    EXPECT_EQ(tooSteep(zeros(100), read, upTo(much)), "");
-    EXPECT_EQ(tooSteep(zeros(4294967295U), read, upTo(much)), "");
+    EXPECT_EQ(tooSteep(zeros(0), read, upTo(much / 4)), "");
+    EXPECT_EQ(tooSteep(zeros(4294967295U), read, upTo(much / 4)), "");
     const auto garbage = [](std::size_t size) { return std::string(size, '\x78'); };
     EXPECT_EQ(tooSteep(garbage, read, upTo(much)), "");
 }
 
 using Make = std::function<Document(std::size_t)>;
 
-// Everybody looks among siblings that nobody looks for, at each place where somebody looks.
+// Everybody looks among siblings that nobody looks for, at each place where somebody looks. They are few, so
+// that the larger tree also lies in the caches: outside them a step takes several times as long.
+constexpr std::size_t siblings = 12 * 400;
+
 TEST(Readers, TakeTimeInProportionToTheSiblings) {
     const auto among = [](const char* front, const char* back) -> Make {
         return [=](std::size_t size) {
@@ -143,7 +144,7 @@ TEST(Readers, TakeTimeInProportionToTheSiblings) {
         for (const Make& place : places) {
             for (const DocumentReader& reader : documentReaders) {
                 const std::string why = tooSteep(
-                    place, [&](const Document& doc) { reader.read(doc.get(), &error); }, upTo(4 * little));
+                    place, [&](const Document& doc) { reader.read(doc.get(), &error); }, siblings);
                 if (!why.empty()) steep += std::string(reader.name) + ": " + why;
             }
             for (const auto& readers : {recordReaders, valueReaders})
@@ -154,7 +155,7 @@ TEST(Readers, TakeTimeInProportionToTheSiblings) {
                             reader.read(doc->RootElement(), &error);
                             reader.read(doc->RootElement()->FirstChildElement(), &error);
                         },
-                        upTo(4 * little));
+                        siblings);
                     if (!why.empty()) steep += std::string(reader.name) + ": " + why;
                 }
         }
