@@ -8,24 +8,23 @@ constexpr auto stops = [](const auto& block) { return block.stops(); };
 // The first byte that cannot stand as it is, or the end. A NUL, which no text holds, would be one.
 const char* firstSpecial(const char* from, const char* end) { return firstOf(from, end, stops); }
 
-// Copies a text that stands as it is, and returns its end. Null for another one, of which some bytes may have
-// been copied.
-VELTO_INLINE char* copied(char* to, Text text) {
-    if (text.size == 0) return to;
+// Copies a text that stands as it is. False for another one, of which some bytes may have been copied.
+VELTO_INLINE bool copied(char* to, Text text) {
+    if (text.size == 0) return true;
     if (text.size <= ShortText::longest) {
         const ShortText all(text.data, text.size);
-        if (all.first<Block>(stops) != text.size) return nullptr;
+        if (all.first<Block>(stops) != text.size) return false;
         all.store(to);
-        return to + text.size;
+        return true;
     }
     const std::size_t last = text.size - Block::size;
     for (std::size_t at = 0; at < text.size; at += Block::size) {
         const std::size_t begin = std::min(at, last);
         const Block block = Block::load(text.data + begin);
-        if (block.stops().any()) return nullptr;
+        if (block.stops().any()) return false;
         block.store(to + begin);
     }
-    return to + text.size;
+    return true;
 }
 
 struct Reference {
@@ -73,7 +72,7 @@ char* writePlain(char* to, Text text) {
 }
 
 char* writeEscaped(char* to, Text text) {
-    if (char* const behind = copied(to, text)) return behind;
+    if (copied(to, text)) return to + text.size;
     const char* from = text.data;
     const char* const end = text.data + text.size;
     while (from < end) {
@@ -91,8 +90,8 @@ char* writeEscaped(char* to, Text text) {
 // kept: as the XML library prints it
 char* writeEscapedAndQuote(char* to, Text text) {
     char quote = '"';
-    if (char* const behind = copied(to, text)) {
-        to = behind;
+    if (copied(to, text)) {
+        to += text.size;
     } else {
         if (std::memchr(text.data, '"', text.size)) to[-1] = quote = '\'';
         to = writeEscaped(to, text);
