@@ -32,7 +32,8 @@ def branches_of(file, lines):
 def lines_of(file):
     """{line: how often}, by the rule of llvm-cov: the most of what comes into a line and of what begins in it.
 
-    A segment is [line, column, count, has a count, begins a region, is a gap], and lasts until the next.
+    A segment is [line, column, count, has a count, begins a region, is a gap], and lasts until the next. What
+    comes in as a gap, which behind a call that may not return has no count, gives way to what the line begins with.
     """
     on_line = {}
     for segment in file['segments']:
@@ -40,6 +41,8 @@ def lines_of(file):
     counts, before = {}, None
     for line in range(min(on_line, default=1), max(on_line, default=0) + 1):
         here = on_line.get(line, [])
+        if here and before and before[5] and before[2] == 0 and here[0][2] and not here[0][4]:
+            before = here[0]
         begun = [each[2] for each in here if each[3] and each[4] and not each[5]]
         skipped = here and here[0][4] and not here[0][3]
         coming = [before[2]] if before and before[3] else []
