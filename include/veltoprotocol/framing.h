@@ -7,7 +7,8 @@
  *
  * - Caller buffer. An encoder writes the whole message (head and body) to `out` and returns its length,
  *   or returns -1 and leaves every byte of `out` as it was. It returns -1 when `out` is null, `size` is
- *   below 1, or the message is longer than `size`. No terminating NUL is written.
+ *   below 1, or the message is longer than `size`. No terminating NUL is written. Arguments are read more
+ *   than once, and while `out` is written: none of them may lie in it, or change during the call.
  * - Head text. `host` and the other texts that go into an HTTP head are written as given; one that holds
  *   CR or LF makes the encoder return -1 before anything is built or printed.
  * - Text fields. A field is written up to its NUL or its full width, whichever comes first, bytes as they
