@@ -1,6 +1,7 @@
 // Each question to a block against the same question to one byte at a time, for both kinds of block.
 #include "framing/byte_block.h"
 
+#include "framing/block_kinds.h"
 #include "support/guarded_page.h"
 
 #include <gtest/gtest.h>
@@ -17,18 +18,7 @@ using namespace std::string_literals;
 
 template <class Kind>
 class Blocks : public testing::Test {};
-#ifdef __SSE2__
-using Kinds = testing::Types<WordBlock, Sse2Block>;
-#else
-using Kinds = testing::Types<WordBlock>;
-#endif
-struct KindNames {
-    template <class Kind>
-    static std::string GetName(int) {
-        return "of" + std::to_string(Kind::size) + "Bytes";
-    }
-};
-TYPED_TEST_SUITE(Blocks, Kinds, KindNames);
+TYPED_TEST_SUITE(Blocks, BlockKinds, BlockKindNames);
 
 // The marks stand where the rule holds for the byte, and the first of them is told.
 template <class Marks, class Rule>

@@ -1,6 +1,7 @@
 // Texts and fields a block at a time: what is found is what is found byte by byte, with either kind of block.
 #include "framing/text.h"
 
+#include "framing/block_kinds.h"
 #include "framing/escape.h"
 #include "support/guarded_page.h"
 
@@ -19,18 +20,7 @@ bool isLineEnd(char byte) { return byte == '\r' || byte == '\n'; }
 
 template <class Kind>
 class TextBy : public testing::Test {};
-#ifdef __SSE2__
-using Kinds = testing::Types<WordBlock, Sse2Block>;
-#else
-using Kinds = testing::Types<WordBlock>;
-#endif
-struct KindNames {
-    template <class Kind>
-    static std::string GetName(int) {
-        return "blocksOf" + std::to_string(Kind::size);
-    }
-};
-TYPED_TEST_SUITE(TextBy, Kinds, KindNames);
+TYPED_TEST_SUITE(TextBy, BlockKinds, BlockKindNames);
 
 // The place of the first byte that a rule holds for, or the text's size.
 template <class Rule>

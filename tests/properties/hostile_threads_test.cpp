@@ -3,12 +3,12 @@
 #include "properties/hostile_messages.h"
 #include "properties/listed_encoders.h"
 #include "support/captured.h"
+#include "support/sorted_lines.h"
 
 #include <LibVeltoProtocol.h>
 #include <tinyxml.h>
 
 #include <algorithm>
-#include <sstream>
 #include <thread>
 
 namespace {
@@ -16,14 +16,6 @@ namespace {
 using namespace veltoprotocol;
 
 constexpr int threadCount = 8;
-
-std::vector<std::string> sortedLines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    std::sort(lines.begin(), lines.end());
-    return lines;
-}
 
 // work() gives a text.
 template <class Work>

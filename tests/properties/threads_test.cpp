@@ -6,9 +6,9 @@
 #include "support/captured.h"
 #include "support/encoded.h"
 #include "support/read_back.h"
+#include "support/sorted_lines.h"
 
 #include <algorithm>
-#include <sstream>
 #include <thread>
 
 namespace {
@@ -41,14 +41,6 @@ std::string everything() {
                             "<AlarmData><AlarmGuid>a-1</AlarmGuid></AlarmData></AlarmInfos></response>"
                             "</servercommandservice>");
     return transcript.text();
-}
-
-std::vector<std::string> sortedLines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    std::sort(lines.begin(), lines.end());
-    return lines;
 }
 
 template <class Work>
