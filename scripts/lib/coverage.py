@@ -110,8 +110,8 @@ def main(export, unreached):
     print(f'lines: {lines:.1f} % ({totals[0]} of {totals[1]}), branches: {branches:.1f} % ({totals[2]} of {totals[3]}), '
           f'{len(names)} excused')
     for key in set(names) - used:
-        print('excused, but reached or gone: ' + ' | '.join(key))
-    return 0 if lines >= LINES and branches >= BRANCHES and set(names) <= used else 1
+        print('no excuse is needed (any more) for: ' + ' | '.join(key))
+    return 0 if lines >= LINES and branches >= BRANCHES else 1
 
 
 sys.exit(main(*sys.argv[1:]))
