@@ -1,6 +1,5 @@
 // The inspectors on long and hostile buffers, against the plain transcription of the rules.
-#include "framing/inspecting.h"
-#include "framing/inspection_rules.h"
+#include "framing/expected_by_rules.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -10,23 +9,6 @@ namespace {
 
 using namespace veltoprotocol;
 using namespace std::string_literals;
-
-// What the inspectors say of a buffer, and what they must say. Returns the lines that must be printed.
-std::string expectByTheRules(const char* buf, int len) {
-    EXPECT_EQ(CheckHttp(buf, len), rules::checkHttp(buf, len));
-    EXPECT_EQ(GetHttpLength(buf, len), rules::httpLength(buf, len));
-    EXPECT_EQ(GetContentLen(buf, len), rules::contentLen(buf, len));
-    EXPECT_EQ(GetHttpPacketLength(buf, len), rules::packetLength(buf, len));
-    EXPECT_EQ(GetContentType(buf, len), rules::contentType(buf, len));
-    EXPECT_EQ(GetAuthorization(buf, len), rules::authorization(buf, len));
-    EXPECT_EQ(GetAuthorizationDecode(buf, len), rules::authorizationDecode(buf, len));
-    std::string value;
-    const bool found = rules::firstValue(buf, len, value);
-    EXPECT_EQ(GetHttpFirstValue(buf, len), value);
-    EXPECT_EQ(GetUri(buf, len), value);
-    EXPECT_EQ(GetHttpStatus(buf, len), rules::httpStatus(buf, len));
-    return found ? "" : noUriThrice;
-}
 
 using Random = std::mt19937;
 
@@ -115,7 +97,7 @@ std::string buffer(Random& random, std::size_t longest) {
 std::string expectByTheRules(const std::string& bytes) {
     SCOPED_TRACE(testing::Message() << "buffer " << testing::PrintToString(bytes));
     const GuardedPage page(bytes);
-    return expectByTheRules(page.data(), page.length());
+    return expectInspectedByTheRules(page.data(), page.length());
 }
 
 // Runs a round of comparisons for each seed and checks what they printed.
