@@ -14,6 +14,13 @@
 #include <emmintrin.h>
 #endif
 
+// For a function whose numbers wrap around because that is meant.
+#ifdef __clang__
+#define VELTO_WRAPS __attribute__((no_sanitize("unsigned-integer-overflow")))
+#else
+#define VELTO_WRAPS
+#endif
+
 namespace veltoprotocol {
 
 // Number of the lowest bit set; there is one.
@@ -51,7 +58,7 @@ class WordBlock {
         Marks operator|(Marks other) const { return Marks(marks_ | other.marks_); }
         bool any() const { return marks_ != 0; }
         // The product moves the mark of byte k to bit 56 + k; no two of its terms meet below.
-        std::uint64_t bits() const { return marks_ * 0x0002040810204081U >> 56; }
+        VELTO_WRAPS std::uint64_t bits() const { return marks_ * 0x0002040810204081U >> 56; }
         std::size_t first() const { return lowestBit(marks_) / 8; } // there is one
 
       private:

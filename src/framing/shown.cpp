@@ -47,7 +47,7 @@ std::size_t decimalLength(std::uint32_t value) {
 char* writeDecimal(char* to, int value) {
     if (value >= 0) return writeDecimal(to, static_cast<unsigned int>(value));
     *to = '-';
-    return Number<unsigned int>{0u - static_cast<unsigned int>(value)}.write(to + 1);
+    return Number<unsigned int>{magnitude(value)}.write(to + 1);
 }
 
 // Most numbers have few digits, so the shortest are told first.

@@ -13,6 +13,9 @@ std::size_t decimalLength(std::uint32_t value);
 char* writeDecimal(char* to, int value);
 char* writeDecimal(char* to, unsigned int value);
 
+// Without the sign, which the number has; also of the least one, which has no positive counterpart.
+constexpr std::uint32_t magnitude(int negative) { return ~static_cast<std::uint32_t>(negative) + 1; }
+
 // A number to be shown as decimal text, which no locale changes. Most are of one digit.
 template <class Integer>
 struct Number {
@@ -25,7 +28,7 @@ struct Number {
     std::size_t length() const {
         if (isDigit()) return 1;
         if constexpr (std::is_signed_v<Integer>) {
-            if (value < 0) return 1 + decimalLength(0u - static_cast<std::uint32_t>(value));
+            if (value < 0) return 1 + decimalLength(magnitude(value));
         }
         if (value < 100) return 2;
         if (value < 1000) return 3;
