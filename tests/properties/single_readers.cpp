@@ -6,7 +6,6 @@
 #include <tinyxml.h>
 
 #include <cstddef>
-#include <new>
 
 using namespace veltoprotocol;
 
@@ -16,11 +15,7 @@ namespace {
 
 template <class Read>
 std::string outcome(const Read& read) {
-    try {
-        return telling::toldAndReleased(read());
-    } catch (const std::bad_alloc&) {
-        return exhausted;
-    }
+    return unlessExhausted([&] { return telling::toldAndReleased(libraryCall(read)); });
 }
 
 template <auto read>
@@ -39,7 +34,7 @@ std::string without(TiXmlElement* element, int*) {
 // Room for what four characters stand for, and the NUL; all of it is told, so that a byte too many shows.
 std::string base64(const char* buf, int len) {
     std::string out(static_cast<std::size_t>(len > 0 ? len : 0) / 4 * 3 + 2, '#');
-    Base64Decode(&out[0], buf, len);
+    libraryCall([&] { Base64Decode(&out[0], buf, len); });
     return out;
 }
 
@@ -58,8 +53,12 @@ std::string withResult(TiXmlDocument* doc, int* error) {
     const std::string text = outcome([&] { return read(doc, &result, error); });
     return text + ", " + std::to_string(result);
 }
-std::string xmlLength(TiXmlDocument* doc, int*) { return telling::told(GetXmlLength(doc)); }
-std::string xml(TiXmlDocument* doc, int*) { return GetXmlEncode(doc); }
+std::string xmlLength(TiXmlDocument* doc, int*) {
+    return outcome([&] { return GetXmlLength(doc); });
+}
+std::string xml(TiXmlDocument* doc, int*) {
+    return outcome([&] { return GetXmlEncode(doc); });
+}
 
 std::string playback(TiXmlElement* request, int* error) {
     TiXmlElement* const param = request ? request->FirstChildElement("PlaybackParam") : nullptr;
@@ -79,14 +78,15 @@ const char* firstAttribute(const TiXmlElement* element) {
 template <auto read, class Value, auto nameOf>
 std::string value(TiXmlElement* element, int*) {
     Value value = Value();
-    const int returned = read(element, "label", nameOf(element), &value);
-    return std::to_string(returned) + ", " + std::to_string(value);
+    const std::string returned = outcome([&] { return read(element, "label", nameOf(element), &value); });
+    return returned + ", " + std::to_string(value);
 }
 template <auto read, auto nameOf>
 std::string text(TiXmlElement* element, int*) {
     std::string field(48, '#');
-    const int returned = read(element, "label", nameOf(element), &field[0], 48);
-    return std::to_string(returned) + ", " + field;
+    const std::string returned =
+        outcome([&] { return read(element, "label", nameOf(element), &field[0], 48); });
+    return returned + ", " + field;
 }
 
 template <class Reader>

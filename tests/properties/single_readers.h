@@ -2,6 +2,7 @@
 // text, contents of arrays included, and released.
 #pragma once
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -30,3 +31,39 @@ extern const std::vector<ElementReader> valueReaders;  // tell what they make of
 
 // A call that throws std::bad_alloc makes nothing.
 extern const char exhausted[];
+
+template <class Call>
+std::string unlessExhausted(const Call& call) {
+    try {
+        return call();
+    } catch (const std::bad_alloc&) {
+        return exhausted;
+    }
+}
+
+// What runs directly before and directly after a thread's calls of the library, also after one that throws:
+// what the readers do besides, such as telling, is outside.
+class AroundCalls {
+  public:
+    virtual void before() = 0;
+    virtual void after() = 0;
+
+  protected:
+    ~AroundCalls() = default;
+};
+inline thread_local AroundCalls* aroundCalls = nullptr;
+
+template <class Call>
+auto libraryCall(const Call& call) {
+    const struct Around {
+        Around() {
+            if (aroundCalls) aroundCalls->before();
+        }
+        Around(const Around&) = delete;
+        Around& operator=(const Around&) = delete;
+        ~Around() {
+            if (aroundCalls) aroundCalls->after();
+        }
+    } around;
+    return call();
+}
