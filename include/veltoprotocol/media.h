@@ -138,6 +138,7 @@ struct __tagVtPlayBackCtrl {
  * @param size        Bytes that out can take.
  * @return Bytes written, or -1 by the rules in framing.h. The line is printed also when the message does not
  * fit.
+ * @throws std::bad_alloc if there is no memory for a line of some length; nothing is written or printed then.
  */
 VELTOPROTOCOL_API int GetRealPlayStartReqEncode(const char* token, const char* channelGuid, int streamType,
                                                 const char* host, unsigned int seqnum, char* out, int size);
@@ -197,7 +198,7 @@ VELTOPROTOCOL_API std::string GetRealPlayStartRespDecode(TiXmlDocument* doc, int
 
 /**
  * Writes a PTZ request; prints its XML.
- * @param ptz The action; null gives -1. The other arguments and the result as in GetRealPlayStartReqEncode.
+ * @param ptz The action; null gives -1. All else as in GetRealPlayStartReqEncode.
  */
 VELTOPROTOCOL_API int GetPtzReqEncode(const char* token, const char* channelGuid, const __tagVtPtzParam* ptz,
                                       const char* host, unsigned int seqnum, char* out, int size);
@@ -231,8 +232,7 @@ VELTOPROTOCOL_API int GetStartTalkReqEncode(const char* token, const char* chann
 /** Writes the answer to a start of talk: a Result alone; prints its XML. Otherwise as GetRespEncode. */
 VELTOPROTOCOL_API int GetStartTalkRespEncode(int result, unsigned int seqnum, char* out, int size);
 
-/** Writes the request to stop a talk; prints its XML. Arguments and result as in GetRealPlayStartReqEncode.
- */
+/** Writes the request to stop a talk; prints its XML. All else as in GetRealPlayStartReqEncode. */
 VELTOPROTOCOL_API int GetStopTalkReqEncode(const char* token, const char* channelGuid, const char* host,
                                            unsigned int seqnum, char* out, int size);
 
@@ -297,6 +297,7 @@ VELTOPROTOCOL_API int GetSearchRecordReqEncode(const char* host, const char* tok
  * @param out     Receives the message, without a terminating NUL; the caller owns it.
  * @param size    Bytes that out can take; only the message as it is sent, compressed, must fit.
  * @return Bytes written, or -1 by the rules in framing.h or if zlib fails.
+ * @throws std::bad_alloc if there is no memory for the compressed list; nothing is written then.
  */
 VELTOPROTOCOL_API int GetSearchRecordRespEncode(int result, unsigned int seqnum,
                                                 const __tagVtRecordParam* records, char* out, int size);
