@@ -4,6 +4,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 . scripts/lib/packages.sh
 
 jobs=$(nproc)
+export CCACHE_SLOPPINESS=pch_defines,time_macros # or nothing that uses precompiled headers would be found again
 
 # The C++ files of the house, tracked or not, NUL between them.
 sources() {
