@@ -12,10 +12,10 @@ void readAttribute(const char* value, const char* label, const char* name, int* 
 void readAttribute(const char* value, const char* label, const char* name, bool* out);
 void readAttribute(const char* value, const char* label, const char* name, unsigned int* out);
 
-// False if there was no child, or its text was too long.
+// False if there was no child, or its text was too long; the last one's caller does not tell the difference.
 bool readChild(TiXmlElement* child, const char* label, const char* name, char* out, int size);
 bool readChild(TiXmlElement* child, const char* label, const char* name, int* out);
 bool readChild(TiXmlElement* child, const char* label, const char* name, bool* out);
-bool readChild(TiXmlElement* child, const char* label, const char* name, unsigned long* out);
+void readChild(TiXmlElement* child, const char* label, const char* name, unsigned long* out);
 
 } // namespace veltoprotocol

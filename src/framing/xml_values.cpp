@@ -79,10 +79,8 @@ bool readChild(TiXmlElement* child, const char* label, const char* name, bool* o
     *out = GetInt(child) != 0;
     return true;
 }
-bool readChild(TiXmlElement* child, const char* label, const char* name, unsigned long* out) {
-    if (!found(child, label, name)) return false;
-    *out = GetULong(child);
-    return true;
+void readChild(TiXmlElement* child, const char* label, const char* name, unsigned long* out) {
+    if (found(child, label, name)) *out = GetULong(child);
 }
 
 int GetStringValue(TiXmlElement* parent, const char* label, const char* name, char* out, int size) {

@@ -4,13 +4,14 @@ Changes are found by pattern, not by parsing: one that does not compile is told 
 sample is drawn from a fixed seed, evenly from all kinds and files, so that two runs try the same changes as
 long as the lines stay as they are.
 """
+import collections
 import hashlib
 import random
 import re
 from collections import namedtuple
 
-# `line` counts from 0 and `lines` is how many lines `after` replaces.
-Change = namedtuple('Change', 'file line lines kind before after')
+# `line` counts from 0 and `lines` is how many lines `after` replaces. `nth` counts the changes of a file that read alike.
+Change = namedtuple('Change', 'file line lines kind before after nth')
 
 NO_CODE = re.compile(r'^\s*(//|#|namespace|using|template|static_assert|}|\{|public:|private:|class |struct |$)')
 STRING = re.compile(r'"(?:[^"\\]|\\.)*"')
@@ -20,7 +21,8 @@ ENTRY = re.compile(r'^\s+(field|attribute|child|texts?|element)\w*\(')
 
 def identity(change):
     """Names a change by what it does to which line, wherever the line stands."""
-    return hashlib.sha1('\0'.join([change.file, change.kind, change.before, change.after]).encode()).hexdigest()[:10]
+    parts = [change.file, change.kind, change.before, change.after] + ([str(change.nth)] if change.nth > 0 else [])
+    return hashlib.sha1('\0'.join(parts).encode()).hexdigest()[:10]
 
 
 def code_of(line):
@@ -84,17 +86,24 @@ def of_line(line):
 
 
 def of_file(path, text):
+    alike = collections.Counter()
+    for change in of_lines(path, text):
+        yield change._replace(nth=alike[change._replace(line=0)])
+        alike[change._replace(line=0)] += 1
+
+
+def of_lines(path, text):
     lines = text.split('\n')
     for number, line in enumerate(lines):
         for kind, after in of_line(line):
-            yield Change(path, number, 1, kind, line, after)
+            yield Change(path, number, 1, kind, line, after, 0)
         following = lines[number + 1] if number + 1 < len(lines) else ''
         if all(CALL.match(each) and 'return' not in each for each in (line, following)) and line != following:
-            yield Change(path, number, 2, 'order swapped', line + '\n' + following, following + '\n' + line)
+            yield Change(path, number, 2, 'order swapped', line + '\n' + following, following + '\n' + line, 0)
         entries = re.match(r'^(\s+)(field\(.*?\)),? (field\(.*\),)$', line)
         if entries:
             after = entries.group(1) + entries.group(3) + ' ' + entries.group(2) + ','
-            yield Change(path, number, 1, 'order swapped', line, after)
+            yield Change(path, number, 1, 'order swapped', line, after, 0)
 
 
 def sample(sources, count, seed=1):
