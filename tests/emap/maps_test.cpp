@@ -218,6 +218,19 @@ TEST(MapLists, StandForThemselves) {
     EXPECT_EQ(answer(0, &user.record).bytes, answering(success + both.substr(itemsAt)));
 }
 
+TEST(MapLists, HoldASingleEntry) {
+    User user;
+    user.record.EMapInfoCount = 0;
+    user.record.EMapItemCount = 1;
+    const std::string items = "        <EMapItems count=\"1\">\n            <EMapItem>\n",
+                      end = "</EMapItem>\n";
+    const std::string list = std::string(bothLists).substr(std::string(bothLists).find("        <EMapItems"));
+    const std::size_t first = list.find("                <MapItemGuid>i-1"),
+                      behind = list.find(end) + end.size();
+    EXPECT_EQ(answer(0, &user.record).bytes,
+              answering(success + items + list.substr(first, behind - first) + "        </EMapItems>\n"));
+}
+
 TEST(MapLists, OfANullArrayHoldTheirCountAlone) {
     User user;
     user.record.EMapInfos = nullptr;

@@ -65,6 +65,18 @@ TEST(GetSearchHistoryAlarmReqEncode, WritesTheChannelsUnderANameWithATrailingBla
     EXPECT_EQ(got.printed, "");
 }
 
+TEST(GetSearchHistoryAlarmReqEncode, WritesASingleChannel) {
+    __tagVtChannelParam channel = __tagVtChannelParam();
+    std::strcpy(channel.Guid, "c-1");
+    __tagVtSearchAlarmParam param = search();
+    param.channels = &channel;
+    param.channelcount = 1;
+    EXPECT_EQ(request(&param).bytes, searching(R"(        <Channels  count="1">
+            <ChannelGuid>c-1</ChannelGuid>
+        </Channels >
+)"));
+}
+
 TEST(GetSearchHistoryAlarmReqEncode, LeavesTheListOutForACountBelowOne) {
     __tagVtChannelParam channel = __tagVtChannelParam();
     for (const int count : {0, -1, -2147483647 - 1}) {
@@ -184,6 +196,17 @@ TEST(GetSearchHistoryAlarmRespEncode, WritesEachAlarmAsAttributesAndNotAllOfIt) 
         </AlarmInfos>
 )"));
     EXPECT_EQ(got.printed, "");
+}
+
+TEST(GetSearchHistoryAlarmRespEncode, WritesASingleAlarm) {
+    __tagVtAlarmData alarm = __tagVtAlarmData();
+    std::strcpy(alarm.AlarmGuid, "a-1");
+    const __tagVtSearchAlarmResult found{1, 1, &alarm};
+    EXPECT_EQ(answer(0, &found).bytes,
+              answering(success + R"(        <AlarmInfos SearchCount="1" CurCount="1">
+            <AlarmData AlarmGuid="a-1" AlarmNo="0" ChannelGuid="" AlarmFlag="0" AlarmType="0" AlarmLevel="0" BeginTime="" EndTime="" ConfirmMessage="" ConfirmTime="" ConfirmState="0" HaveRecord="0" HaveSnapshot="0" />
+        </AlarmInfos>
+)"));
 }
 
 TEST(GetSearchHistoryAlarmRespEncode, HoldsTheResultAloneForAFailureOrNothingFound) {

@@ -119,6 +119,29 @@ Encoded answer(int result, const __tagVtViewGroupInfo* infos, int count) {
         [&](char* out, int size) { return GetViewGroupsRespEncode(result, 7, infos, count, out, size); });
 }
 
+TEST(GetViewGroupsRespEncode, WritesASingleRecord) {
+    const __tagVtViewGroupInfo one = info("lobby", true);
+    EXPECT_EQ(answer(0, &one, 1).bytes, wire(responseHead + R"(<?xml version="1.0" encoding="UTF-8" ?>
+<servercommandservice>
+    <seqnum>7</seqnum>
+    <version>1.0.0</version>
+    <response name="GetViewGroups">
+        <Result>0</Result>
+        <ViewGroupInfoCounter>1</ViewGroupInfoCounter>
+        <ViewGroupInfo>
+            <ReadOnly>1</ReadOnly>
+            <Name>lobby</Name>
+            <ViewGroupType>3</ViewGroupType>
+            <LastModifiedTime>-4</LastModifiedTime>
+            <LastModifieduser>somebody</LastModifieduser>
+            <ViewGroupGuid>g-1</ViewGroupGuid>
+            <UserGuid>u-1</UserGuid>
+        </ViewGroupInfo>
+    </response>
+</servercommandservice>
+)"));
+}
+
 TEST(GetViewGroupsRespEncode, OfARefusalHoldsTheResultAlone) {
     const __tagVtViewGroupInfo one = info("x", false);
     EXPECT_EQ(answer(-5, &one, 1).bytes, resultOnly(-5));
