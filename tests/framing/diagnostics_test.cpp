@@ -33,12 +33,9 @@ long allocationsOf(const std::string& line, const Print& print) {
     return allocations;
 }
 
-TEST(Line, TakesMemoryOnlyBeyondAnOrdinaryLength) {
-    const auto allocations = [](std::size_t length) {
-        const std::string front = "xml file -..-", back = "-Name element not find!\n";
-        const std::string label(length - front.size() - back.size(), 'l');
-        return allocationsOf(front + label + back, [&] { missingElement(label.c_str(), "Name"); });
-    };
+// Of a line that is `length` bytes long.
+template <class Allocations>
+void expectMemoryOnlyBeyondAnOrdinaryLength(const Allocations& allocations) {
     EXPECT_EQ(allocations(100), 0);
     EXPECT_EQ(allocations(ordinary - 1), 0);
     EXPECT_EQ(allocations(ordinary), 0);
@@ -46,8 +43,16 @@ TEST(Line, TakesMemoryOnlyBeyondAnOrdinaryLength) {
     EXPECT_EQ(allocations(100000), 1);
 }
 
+TEST(Line, TakesMemoryOnlyBeyondAnOrdinaryLength) {
+    expectMemoryOnlyBeyondAnOrdinaryLength([](std::size_t length) {
+        const std::string front = "xml file -..-", back = "-Name element not find!\n";
+        const std::string label(length - front.size() - back.size(), 'l');
+        return allocationsOf(front + label + back, [&] { missingElement(label.c_str(), "Name"); });
+    });
+}
+
 TEST(RenderedLine, TakesMemoryOnlyBeyondAnOrdinaryLength) {
-    const auto allocations = [](std::size_t length) {
+    expectMemoryOnlyBeyondAnOrdinaryLength([](std::size_t length) {
         const std::string front = "trace xml str:[", back = "]\n";
         const std::string xml(length - front.size() - back.size(), 'x');
         return allocationsOf(front + xml + back, [&] {
@@ -55,12 +60,7 @@ TEST(RenderedLine, TakesMemoryOnlyBeyondAnOrdinaryLength) {
             std::memcpy(line.xml(), xml.data(), xml.size());
             line.print();
         });
-    };
-    EXPECT_EQ(allocations(100), 0);
-    EXPECT_EQ(allocations(ordinary - 1), 0);
-    EXPECT_EQ(allocations(ordinary), 0);
-    EXPECT_EQ(allocations(ordinary + 1), 1);
-    EXPECT_EQ(allocations(100000), 1);
+    });
 }
 
 TEST(MissingPath, NamesAtMostEightElements) {

@@ -10,7 +10,8 @@ import random
 import re
 from collections import namedtuple
 
-# `line` counts from 0 and `lines` is how many lines `after` replaces. `nth` counts the changes of a file that read alike.
+# `line` counts from 0 and `lines` is how many lines `after` replaces. `nth` counts the changes of a file that read
+# alike.
 Change = namedtuple('Change', 'file line lines kind before after nth')
 
 NO_CODE = re.compile(r'^\s*(//|#|namespace|using|template|static_assert|}|\{|public:|private:|class |struct |$)')
