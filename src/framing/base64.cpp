@@ -26,7 +26,6 @@ constexpr Values values;
 unsigned valueOf(char c) { return values.of[static_cast<unsigned char>(c)]; }
 
 bool decodable(Text in) {
-    if (in.size < group) return false;
     for (std::size_t i = 0; i < in.size; ++i)
         if (valueOf(in.data[i]) == outside) return false;
     return true;
@@ -78,7 +77,8 @@ int Base64Encode(char* out, const char* in, int length) {
 }
 
 void Base64Decode(char* out, const char* in, int len) {
-    if (!out || !in || len < 0) return;
+    // kept: fewer characters leave even the first byte as it was
+    if (!out || !in || len < static_cast<int>(group)) return;
     const Text text{in, static_cast<std::size_t>(len)};
     if (!decodable(text)) return;
 

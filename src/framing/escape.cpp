@@ -75,16 +75,15 @@ char* writeEscaped(char* to, Text text) {
     if (copied(to, text)) return to + text.size;
     const char* from = text.data;
     const char* const end = text.data + text.size;
-    while (from < end) {
+    for (;;) {
         const char* const special = firstSpecial(from, end);
         to = writePlain(to, {from, static_cast<std::size_t>(special - from)});
-        if (special == end) break;
+        if (special == end) return to;
         const Reference reference = referenceTo(static_cast<unsigned char>(*special));
         std::memcpy(to, reference.text, reference.size);
         to += reference.size;
         from = special + 1;
     }
-    return to;
 }
 
 // kept: as the XML library prints it
