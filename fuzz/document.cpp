@@ -1,7 +1,8 @@
 // Decode gives what the XML library's own parser makes of the text, as long as that stays within the limits:
 // the same tree in all that the library shows of it, and nothing printed. Where the parser fails, Decode
 // prints the parser's reason on one line and gives null; where the parser passes a limit, the line names the
-// limit. Neither depends on what lies behind the text's NUL.
+// limit. Neither depends on what lies behind the text's NUL. What is accepted is rendered as the XML
+// library's printer has it, and the length is that of the text.
 //
 // Input: a byte, then a text or, where the byte is odd, the steps by which one is spelt.
 #include "framing/parser_limits.h"
@@ -25,12 +26,12 @@ std::string refusal(const TiXmlDocument& parsed) {
     return parsed.Error() ? parsed.ErrorDesc() : "";
 }
 
-void compare(std::string_view text) {
+void compare(std::string_view document) {
     TiXmlDocument want;
-    parse(want, text);
+    parse(want, document);
     const std::string reason = refusal(want);
 
-    Exact ending(text, 1);
+    Exact ending(document, 1);
     Printed printed;
     const std::unique_ptr<TiXmlDocument, void (*)(TiXmlDocument*)> got(veltoprotocol::Decode(ending.data()),
                                                                        veltoprotocol::ReleaseTiXmlDocument);
@@ -41,6 +42,12 @@ void compare(std::string_view text) {
     if (!got) return;
     requireSame("the tree", trees::outline(*got), trees::outline(want));
     require(!got->Error(), "the document says that it holds an error");
+
+    TiXmlPrinter printer;
+    require(want.Accept(&printer), "the printer refuses a document");
+    const std::string text = veltoprotocol::GetXmlEncode(got.get());
+    requireSame("what is rendered", text, {printer.CStr(), printer.Size()});
+    requireSame("its length", veltoprotocol::GetXmlLength(got.get()), static_cast<long long>(text.size()));
 }
 
 } // namespace

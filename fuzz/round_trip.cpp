@@ -30,7 +30,7 @@ const std::vector<RoundTrip>& trips() {
     static const std::vector<RoundTrip> trips = [] {
         std::vector<RoundTrip> all;
         for (const auto& room : {sessionTrips(), adminTrips(), recordingTrips(), mediaTrips(), viewTrips(),
-                                 eventTrips(), mapTrips()})
+                                 eventTrips(), mapTrips(), treeTrips()})
             all.insert(all.end(), room.begin(), room.end());
         return all;
     }();

@@ -86,6 +86,8 @@ std::vector<Record> sentOf(const std::vector<Trip<Record>>& trips) {
     return records;
 }
 
+using Document = std::unique_ptr<TiXmlDocument, void (*)(TiXmlDocument*)>;
+
 // A message's body, parsed.
 class Arrived {
   public:
@@ -108,9 +110,39 @@ class Arrived {
     TiXmlElement* command() const { return at({}); }
 
     std::string body;
-    std::unique_ptr<TiXmlDocument, void (*)(TiXmlDocument*)> doc{nullptr,
-                                                                 veltoprotocol::ReleaseTiXmlDocument};
+    Document doc{nullptr, veltoprotocol::ReleaseTiXmlDocument};
 };
+
+// An element that a record's writer has filled, rendered with the document around it and parsed.
+class Filled {
+  public:
+    // write(TiXmlElement* element)
+    template <class Write>
+    explicit Filled(const Write& write) {
+        const Document tree(veltoprotocol::XmlHeaderEncode(), veltoprotocol::ReleaseTiXmlDocument);
+        TiXmlNode* const root = tree->LinkEndChild(new TiXmlElement("Filled"));
+        requireSame("what a writer returns", write(root->ToElement()), 0);
+        text = veltoprotocol::GetXmlEncode(tree.get());
+        requireSame("the length of a text", veltoprotocol::GetXmlLength(tree.get()),
+                    static_cast<long long>(text.size()));
+        doc.reset(veltoprotocol::Decode(text.c_str()));
+        if (!doc) require(false, "an element cannot be parsed", readable(text));
+    }
+    TiXmlElement* element() const { return doc->RootElement(); }
+
+    std::string text;
+    Document doc{nullptr, veltoprotocol::ReleaseTiXmlDocument};
+};
+
+// A record comes back of the element that its writer fills.
+template <class Record, class Write, class Decode>
+void requireBackAlone(std::string_view what, const Trip<Record>& trip, const Write& write,
+                      const Decode& decode) {
+    const Filled filled([&](TiXmlElement* element) { return write(element, &trip.sent); });
+    int error = 7;
+    requireSameRecord(what, decode(filled.element(), &error), trip.back);
+    requireSame(std::string(what) + ", error", error, 0);
+}
 
 // Each element of a list gives its record back.
 template <class Record, class Decode>
@@ -131,6 +163,7 @@ struct RoundTrip {
     void (*run)(Draw& draw);
 };
 std::vector<RoundTrip> sessionTrips();
+std::vector<RoundTrip> treeTrips();
 std::vector<RoundTrip> adminTrips();
 std::vector<RoundTrip> recordingTrips();
 std::vector<RoundTrip> mediaTrips();

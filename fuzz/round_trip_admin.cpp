@@ -31,8 +31,11 @@ void token(Draw& draw) {
     const Arrived request(
         [&](char* out, int size) { return GetLogoutReqEncode("h", sent.c_str(), number, out, size); });
     requireSame("the token of a logout", GetLogoutReqTokenDecode(request.doc.get(), &error), sent);
+    requireSame("the token of a request", GetTokenDecode(request.doc.get(), &error), sent);
     requireSame("the sequence number", GetSeqnumberDecode(request.doc.get(), &error), number);
+    requireSame("the version", GetVersionDecode(request.doc.get(), &error), "1.0.0");
     requireSame("the command", GetRequestNameDecode(request.doc.get(), &error), "Logout");
+    requireSame("the command again", GetNameDecode(request.doc.get(), &error, "request"), "Logout");
 }
 
 void result(Draw& draw) {
@@ -86,14 +89,25 @@ void inventory(Draw& draw) {
         return GetAllDeviceListRespEncode(0, 1, sentDevices.data(), deviceCount, sentChannels.data(),
                                           channelCount, out, size);
     });
-    const Arrived added([&](char* out, int size) {
-        return GetAddDeviceReqEncode(sentDevices.data(), deviceCount, sentChannels.data(), channelCount, "h",
-                                     1, out, size);
+    const Arrived usersList([&](char* out, int size) {
+        return GetUserDeviceListRespEncode(0, 1, sentDevices.data(), deviceCount, sentChannels.data(),
+                                           channelCount, out, size);
     });
-    for (const Arrived* message : {&list, &added}) {
+    const auto sending = [&](const auto& encode) {
+        return Arrived([&](char* out, int size) {
+            return encode(sentDevices.data(), deviceCount, sentChannels.data(), channelCount, "h", 1, out,
+                          size);
+        });
+    };
+    const Arrived added = sending(GetAddDeviceReqEncode), changed = sending(GetUpdateDeviceReqEncode);
+    for (const Arrived* message : {&list, &usersList, &added, &changed}) {
         requireBack("a device", message->all({"Devices", "Device"}), devices, GetDeviceParamDecode);
         requireBack("a channel", message->all({"Channels"}), channels, channelOf);
     }
+    requireBackAlone("a device alone", devices.front(), GetDeviceParamEncode, GetDeviceParamDecode);
+    Trip<Channel> alone = channels.front(); // its device stands beside it
+    std::memset(alone.back.DeviceGuid, 0, sizeof alone.back.DeviceGuid);
+    requireBackAlone("a channel alone", alone, GetChannelParamEncode, GetChannelParamDecode);
 }
 
 using Net = __tagVtDeviceNetParam;
@@ -116,6 +130,7 @@ void discovery(Draw& draw) {
     int error = 7;
     requireSameRecord("what a search found", GetDeviceNetParamDecode(answer.at({"DeviceNet"}), &error),
                       trip.back);
+    requireBackAlone("a device's network alone", trip, GetDeviceNetParamEncode, GetDeviceNetParamDecode);
     const auto device1 = device(draw);
     const Arrived request([&](char* out, int size) {
         return GetStartSearchDeviceReqEncode(&device1.sent, 1, "h", 1, out, size);
@@ -142,6 +157,7 @@ void servers(Draw& draw) {
     });
     for (const Arrived* message : {&answer, &request})
         requireBack("a server", message->all({"servers", "server"}), trips, GetServerParamDecode);
+    requireBackAlone("a server alone", trips.front(), GetServerParamEncode, GetServerParamDecode);
 }
 
 using User = __tagVtUserInfo;
@@ -161,6 +177,8 @@ void user(Draw& draw) {
     int error = 7;
     requireSameRecord("a user", GetUserInfoParamDecode(answer.doc.get(), &error), trip.back);
     requireSame("a user, error", error, 0);
+    TiXmlElement* const rightsAlone = answer.at({"UserInfo", "UserRights"});
+    requireSameRecord("a user's rights", GetUserRightsParamDecode(rightsAlone, &error), rights.back);
 }
 
 using ChannelRights = __tagVtUserChannelRights;

@@ -59,6 +59,8 @@ void userMaps(Draw& draw) {
     std::memset(unnamed.UserGuid, 0, sizeof unnamed.UserGuid); // the answer does not say whose they are
     requireSameUser(Owned(GetEMapInfoRespDecode(answer.doc.get(), &error), EMapInfoDecodeRelease), unnamed,
                     maps, items);
+    requireBackAlone("a map alone", maps.front(), GetEMapInfoEncode, GetEMapInfoDecode);
+    requireBackAlone("an item alone", items.front(), GetEMapItemParamEncode, GetEMapItemParamDecode);
 }
 
 } // namespace

@@ -37,6 +37,11 @@ void liveStream(Draw& draw) {
     requireSame("the token", GetRealPlayStartReqTokenDecode(request.doc.get(), &error), token);
     requireSame("the channel", GetRealPlayStartReqChannelGuidDecode(request.doc.get(), &error), channel);
     requireSame("the stream", GetRealPlayStartReqStreamTypeDecode(request.doc.get(), &error), stream);
+    const int sent = draw.number<int>();
+    const Arrived answer([&](char* out, int size) { return GetRealPlayStartRespEncode(sent, 1, out, size); });
+    int result = 7;
+    requireSame("an answer's text", GetRealPlayStartRespDecode(answer.doc.get(), &result, &error), "");
+    requireSame("an answer's result", result, sent);
 }
 
 using Search = __tagVtSearchRecordParam;
@@ -109,17 +114,18 @@ void playback(Draw& draw) {
     auto sent = sentOf(records);
     trip.sent.Records = sent.data();
     trip.sent.RecordCounter = trip.back.RecordCounter = static_cast<unsigned>(sent.size());
-    const Arrived request([&](char* out, int size) {
-        return GetPlaybackRecordReqEncode("h", "t", 1, "c", &trip.sent, out, size);
-    });
-    int error = 7;
-    requireSame("the session", GetPlayBackReqPlayGuidDecode(request.doc.get(), &error), session);
-    Playback got = GetPlayBackParamDecode(request.command(), request.at({"PlaybackParam"}), &error);
-    for (std::size_t i = 0; i < records.size(); ++i)
-        requireSameRecord("a recording", got.Records[i], records[i].back);
-    trip.back.Records = got.Records;
-    requireSameRecord("a playback", got, trip.back);
-    ReleasePlaybackParam(&got);
+    for (const auto encode : {GetPlaybackRecordReqEncode, GetDownloadRecordReqEncode}) {
+        const Arrived request(
+            [&](char* out, int size) { return encode("h", "t", 1, "c", &trip.sent, out, size); });
+        int error = 7;
+        requireSame("the session", GetPlayBackReqPlayGuidDecode(request.doc.get(), &error), session);
+        Playback got = GetPlayBackParamDecode(request.command(), request.at({"PlaybackParam"}), &error);
+        for (std::size_t i = 0; i < records.size(); ++i)
+            requireSameRecord("a recording", got.Records[i], records[i].back);
+        trip.back.Records = got.Records;
+        requireSameRecord("a playback", got, trip.back);
+        ReleasePlaybackParam(&got);
+    }
 }
 
 using Control = __tagVtPlayBackCtrl;

@@ -21,10 +21,13 @@ Trip<Storage> storage(Draw& draw) {
 void storages(Draw& draw) {
     const auto trips = severalTrips<Storage>(draw, storage);
     const auto sent = sentOf(trips);
-    const Arrived request([&](char* out, int size) {
-        return GetAddStorageReqEncode(sent.data(), static_cast<int>(sent.size()), "h", 1, out, size);
-    });
-    requireBack("a storage", request.all({"Storage", "Channels"}), trips, GetStorageParamDecode);
+    for (const auto encode : {GetAddStorageReqEncode, GetUpdateStorageReqEncode}) {
+        const Arrived request([&](char* out, int size) {
+            return encode(sent.data(), static_cast<int>(sent.size()), "h", 1, out, size);
+        });
+        requireBack("a storage", request.all({"Storage", "Channels"}), trips, GetStorageParamDecode);
+    }
+    requireBackAlone("a storage alone", trips.front(), GetStorageParamEncode, GetStorageParamDecode);
 }
 
 using Schedule = __tagVtSchedulesInfo;
@@ -41,6 +44,7 @@ void schedules(Draw& draw) {
                                         out, size);
     });
     requireBack("a schedule", request.all({"schedules", "schedule"}), trips, GetScheduleParamDecode);
+    requireBackAlone("a schedule alone", trips.front(), GeScheduleParamEncode, GetScheduleParamDecode);
 }
 
 using Archive = __tagVtArchiveinfo;
@@ -51,10 +55,12 @@ void archives(Draw& draw) {
         return trip;
     });
     const auto sent = sentOf(trips);
-    const Arrived request([&](char* out, int size) {
-        return GetAddArchiveReqEncode(sent.data(), static_cast<int>(sent.size()), "h", 1, out, size);
-    });
-    requireBack("an archive", request.all({"Archives", "Archive"}), trips, GetArchiveParamDecode);
+    for (const auto encode : {GetAddArchiveReqEncode, GetUpdateArchiveReqEncode}) {
+        const Arrived request([&](char* out, int size) {
+            return encode(sent.data(), static_cast<int>(sent.size()), "h", 1, out, size);
+        });
+        requireBack("an archive", request.all({"Archives", "Archive"}), trips, GetArchiveParamDecode);
+    }
 }
 
 } // namespace

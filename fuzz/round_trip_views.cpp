@@ -21,6 +21,8 @@ void catalogue(Draw& draw) {
         return GetViewGroupsRespEncode(0, 1, sent.data(), static_cast<int>(sent.size()), out, size);
     });
     requireBack("a view group", answer.all({"ViewGroupInfo"}), trips, GetViewGroupInfoParamDecode);
+    requireBackAlone("a view group alone", trips.front(), GetViewGroupsParamEncode,
+                     GetViewGroupInfoParamDecode);
 }
 
 using Carousel = __tagVtCarouselItem;
@@ -155,6 +157,44 @@ void layout(Draw& draw) {
     ReleaseViewGroupDataParam(&atClient);
 }
 
+// What stands in an item of its own beside it is read by fewer fields.
+void loneItem(const Trip<Item>& item, const Trip<ItemInfo>& shown) {
+    const Filled both([&](TiXmlElement* element) {
+        const auto child = [element](const char* name) {
+            return element->LinkEndChild(new TiXmlElement(name))->ToElement();
+        };
+        return GetViewItemEncode(child("Viewitem"), &item.sent) ||
+               GetViewItemInfoEncode(child("Iteminfo"), &shown.sent);
+    });
+    Item want = item.back;
+    want.itemnumber = 0;
+    std::memcpy(want.iteminfo.cameraid, shown.back.cameraid, sizeof want.iteminfo.cameraid);
+    std::memcpy(want.iteminfo.displayname, shown.back.displayname, sizeof want.iteminfo.displayname);
+    int error = 7;
+    requireSameRecord("an item with what it shows", GetViewItemParamDecode(both.element(), &error), want);
+}
+
+void parts(Draw& draw) {
+    Trip<View> view(draw);
+    view.carry(Carrier::attributes, &View::id, &View::displayname, &View::viewlayouttype,
+               &View::viewscaletype, &View::showtime, &View::enablecarousel);
+    Trip<Item> item(draw);
+    item.carry(Carrier::attributes, &Item::id, &Item::displayname, &Item::itemnumber, &Item::type);
+    Trip<ItemInfo> shown(draw);
+    shown.carry(Carrier::attributes, &ItemInfo::id, &ItemInfo::cameraid, &ItemInfo::url,
+                &ItemInfo::displayname, &ItemInfo::VideoStreamType);
+    Trip<Carousel> step(draw);
+    step.carry(Carrier::attributes, &Carousel::id, &Carousel::ChannelGuid, &Carousel::ShowTime,
+               &Carousel::Index, &Carousel::DisplayName, &Carousel::VideoStreamType);
+    requireBackAlone("a view alone", view, GetViewInfoEncode, GetViewInfoDecode);
+    requireBackAlone("an item alone", item, GetViewItemEncode, GetViewItemDecode);
+    requireBackAlone("what an item shows", shown, GetViewItemInfoEncode, GetViewItemInfoDecode);
+    requireBackAlone("a carousel alone", step, GetCarouselEncode, GetCarouselDecode);
+    loneItem(item, shown);
+}
+
 } // namespace
 
-std::vector<RoundTrip> viewTrips() { return {{"GetViewGroups", catalogue}, {"SetViewGroupData", layout}}; }
+std::vector<RoundTrip> viewTrips() {
+    return {{"GetViewGroups", catalogue}, {"SetViewGroupData", layout}, {"a layout's parts", parts}};
+}
