@@ -9,7 +9,8 @@ reached when any instantiation takes it. UNREACHED names what cannot be reached,
     src/file.cpp | text of the line | line, function, true or false | reason
 
 where a function is all lines from this one to that which closes its first brace. A condition of which neither side
-is ever taken, in a line that is reached, is decided by the compiler or hangs on another condition that is told.
+is ever taken, in a line that is reached, is decided by the compiler; those that do not say so ("if constexpr") are
+listed, but count for nothing.
 """
 import json
 import os
@@ -19,14 +20,15 @@ LINES, BRANCHES = 99.0, 95.0
 
 
 def branches_of(file, lines):
-    """{(line, column, side): how often} of the conditions that are decided at run time."""
+    """{(line, column, side): how often} of the conditions that are decided at run time; {line} of the others."""
     counts = {}
     for line, column, _, _, true, false, *_ in file['branches']:
         for side, count in (('true', true), ('false', false)):
             key = (line, column, side)
             counts[key] = counts.get(key, 0) + count
     decided = {(line, column) for (line, column, _), count in counts.items() if count or not lines.get(line)}
-    return {key: count for key, count in counts.items() if key[:2] in decided}
+    return ({key: count for key, count in counts.items() if key[:2] in decided},
+            {line for line, column, _ in counts if (line, column) not in decided})
 
 
 def lines_of(file):
@@ -76,7 +78,7 @@ def main(export, unreached):
     house = os.getcwd() + '/'
     names, used = excused(unreached), set()
     totals = [0, 0, 0, 0]
-    missed = []
+    missed, silent = [], []
     print(f'{"":44}{"lines":>14}{"branches":>14}')
     for file in sorted(json.load(open(export))['data'][0]['files'], key=lambda each: each['filename']):
         path = file['filename'].removeprefix(house)
@@ -97,15 +99,17 @@ def main(export, unreached):
             return (line, side) not in excuses
 
         lines = {line: count for line, count in lines_of(file).items() if count or counted(line, 'line')}
-        branches = {key: count for key, count in branches_of(file, lines_of(file)).items()
-                    if count or counted(key[0], key[2])}
+        at_run_time, compiled = branches_of(file, lines_of(file))
+        branches = {key: count for key, count in at_run_time.items() if count or counted(key[0], key[2])}
+        silent += [f'{path}:{line}: decided by the compiler: {source[line - 1].strip()}'
+                   for line in sorted(compiled) if 'if constexpr' not in source[line - 1]]
         missed += [f'{path}:{line}: never reached' for line, count in sorted(lines.items()) if not count]
         missed += [f'{path}:{line}:{column}: never {side}: {source[line - 1].strip()}'
                    for (line, column, side), count in sorted(branches.items()) if not count]
         own = [sum(map(bool, lines.values())), len(lines), sum(map(bool, branches.values())), len(branches)]
         totals = [a + b for a, b in zip(totals, own)]
         print(f'{path:44}{own[0]:>7}/{own[1]:<6}{own[2]:>7}/{own[3]:<6}')
-    print('\n'.join(missed))
+    print('\n'.join(missed + silent))
     lines, branches = 100 * totals[0] / totals[1], 100 * totals[2] / totals[3]
     print(f'lines: {lines:.1f} % ({totals[0]} of {totals[1]}), branches: {branches:.1f} % ({totals[2]} of {totals[3]}), '
           f'{len(names)} excused')

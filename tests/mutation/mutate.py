@@ -231,6 +231,8 @@ def report(drawn, results):
     for kind in sorted(kinds):
         print(f'{kind:24} {kinds[kind]:5} {alive[kind]:9}')
     unexplained = survived - set(reasons)
+    for name in sorted(set(reasons) & set(outcomes) - survived):
+        print(f'\n{name} is explained, and yet: {outcomes[name]}')
     for change in drawn:
         name = changes.identity(change)
         if name in survived:
@@ -264,7 +266,7 @@ def main():
     # All jobs build the same at the same places relative to these.
     os.environ.update(CCACHE_BASEDIR=str(PLACE), CCACHE_NOHASHDIR='1')
     results = json.loads(RESULTS.read_text()) if RESULTS.exists() else {}
-    known = set() if given.again else set(explained())
+    known = {name for name in explained() if results.get(name) == 'survived'}
     fresh = [each for each in drawn if given.again or (changes.identity(each) not in known and
              results.get(changes.identity(each), 'survived') == 'survived')]
     # Those of one file follow one another, so that few files are built again in between.
