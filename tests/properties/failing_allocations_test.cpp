@@ -1,6 +1,7 @@
 // Exhausted memory: each allocation of a call fails in turn. The call throws std::bad_alloc or gives -1,
 // everything it had allocated is freed, and the same call succeeds afterwards.
 #include "support/failing_calls.h"
+#include "support/muted.h"
 #include "support/read_back.h"
 
 #include <LibVeltoProtocol.h>
@@ -193,22 +194,50 @@ TEST(Decode, FreesAllOfAUsualDocumentWhenMemoryIsExhausted) {
     EXPECT_GT(allocationsThatFailed(call), 10);
 }
 
-// The copy of the text and the document itself are the library's own.
+// Declared to be in Latin-1, in a way that no short string holds; and one end tag that is another's.
+const std::string latin =
+    R"(<?xml version='1.0' encoding='ISO-8859-1-and-some-more' standalone='yes'?><a b="1">)" + guid +
+    "\xE4</a>";
+const std::string wrongEnd = R"(<?xml version="1.0" encoding="UTF-8" ?><servercommandservice><Token>)" +
+                             guid + "</Tokem></servercommandservice>";
+
+TEST(Decode, ThrowsWhenMemoryIsExhaustedWhateverIsDeclared) {
+    const auto call = [&] {
+        const Document doc(Decode(latin.c_str()));
+        return doc && doc->RootElement() && GetString(doc->RootElement()) == guid + "\xE4";
+    };
+    const LeaksAllowed whileParsing;
+    EXPECT_GT(allocationsThatFailed(call, Leaks::insideTheParser), 10);
+}
+
+TEST(Decode, ThrowsWhenMemoryIsExhaustedAndRefusesAWrongEndTagAfterwards) {
+    const auto call = [&] {
+        const Muted quiet;
+        return Decode(wrongEnd.c_str()) == nullptr;
+    };
+    const LeaksAllowed whileParsing;
+    EXPECT_GT(allocationsThatFailed(call, Leaks::insideTheParser), 10);
+}
+
+// The copy of the text and the document itself are the library's own; so is all that it reads an unusual
+// declaration with, up to what the parser makes of it.
 TEST(Decode, FreesItsOwnWhenTheDocumentCannotBeMade) {
     const LeaksAllowed whileParsing;
-    for (const long n : {1, 2}) {
+    const auto expectNothingLeft = [](const std::string& xml, long n) {
         const long before = failing::live;
         bool threw = false;
         failing::untilFailure = n;
         try {
-            ReleaseTiXmlDocument(Decode("<a />"));
+            ReleaseTiXmlDocument(Decode(xml.c_str()));
         } catch (const std::bad_alloc&) {
             threw = true;
         }
         failing::untilFailure = 0;
-        EXPECT_EQ(failing::live, before);
-        EXPECT_TRUE(threw);
-    }
+        EXPECT_EQ(failing::live, before) << "allocation " << n;
+        EXPECT_TRUE(threw) << "allocation " << n;
+    };
+    for (const long n : {1, 2}) expectNothingLeft("<a />", n);
+    for (const long n : {1, 2, 3, 4}) expectNothingLeft(latin, n);
 }
 
 TEST(StringDecoders, FreeEverythingWhenMemoryIsExhausted) {

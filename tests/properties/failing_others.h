@@ -11,6 +11,7 @@
 #include <climits>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace failing {
 
@@ -85,6 +86,18 @@ void checkReleaseOfPointer(EveryCall& every, const char* name) {
         every, name, [](TiXmlDocument* doc) { return decode(doc, nullptr); }, release);
 }
 
+// With more levels or attributes than Decode takes: with the usual declaration, so that something is built
+// before it is dropped, and with none.
+inline std::vector<std::string> overLimits() {
+    std::string deep, wide = "<a";
+    for (int level = 0; level < 129; ++level) deep += "<a>";
+    for (int level = 0; level < 129; ++level) deep += "</a>";
+    for (int i = 0; i < 129; ++i) wide += " b" + std::to_string(i) + "=\"\"";
+    wide += " />";
+    const std::string usual = R"(<?xml version="1.0" encoding="UTF-8" ?>)";
+    return {usual + deep, usual + wide, deep, wide};
+}
+
 struct OwnCall {
     const char* name;
     void (*check)(EveryCall& every, const char* name);
@@ -134,20 +147,23 @@ const OwnCall ownCalls[] = {
          const auto copy = [](TiXmlDocument* doc) { return new TiXmlDocument(*doc); };
          checkRelease(every, name, copy, ReleaseTiXmlDocument);
      }},
-    // What the encoders write. The XML library's parser, which may leak, reads only what is unusual.
+    // What the encoders write, and what is refused before the XML library's parser, which may leak, reads it.
     {"Decode",
      [](EveryCall& every, const char* name) {
+         std::vector<std::string> texts = overLimits();
          for (const WholeMessage& message : wholeMessages())
              if (message.body.compare(0, 5, "<?xml") == 0 && message.body.size() < 1000)
-                 every.check(
-                     name,
-                     [&] {
-                         return unlessExhausted([&] {
-                             const Document doc(libraryCall([&] { return Decode(message.body.c_str()); }));
-                             return GetXmlEncode(doc.get());
-                         });
-                     },
-                     Prints::nothing);
+                 texts.push_back(message.body);
+         for (const std::string& text : texts)
+             every.check(
+                 name,
+                 [&] {
+                     return unlessExhausted([&] {
+                         const Document doc(libraryCall([&] { return Decode(text.c_str()); }));
+                         return doc ? GetXmlEncode(doc.get()) : "refused";
+                     });
+                 },
+                 Prints::nothing);
      }},
     {"XmlHeaderEncode",
      [](EveryCall& every, const char* name) {

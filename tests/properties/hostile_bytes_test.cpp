@@ -1,5 +1,6 @@
 // Messages with one wrong byte, at the edge of a page that nobody may touch.
 #include "properties/hostile_messages.h"
+#include "properties/hostile_parsing.h"
 #include "properties/steady.h"
 #include "support/muted.h"
 #include "support/page_edge.h"
@@ -28,18 +29,17 @@ class Flips {
     std::mt19937 random_;
 };
 
-// Calls check(flipped) for each place of a text, or some of a long one.
+// Calls check(flipped) for each of these places of a text.
 template <class Check>
-std::size_t flipped(const std::string& text, std::size_t small, Flips& flips, Places& places,
+std::size_t flipped(const std::string& text, const std::vector<std::size_t>& places, Flips& flips,
                     const Check& check) {
     std::string copy = text;
-    const std::vector<std::size_t> all = places.of(text.size(), small);
-    for (const std::size_t place : all) {
+    for (const std::size_t place : places) {
         copy[place] = flips.other(text[place]);
         check(copy, place);
         copy[place] = text[place];
     }
-    return all.size();
+    return places.size();
 }
 
 std::string at(const std::string& name, std::size_t place) {
@@ -51,40 +51,76 @@ TEST(WrongBytes, InMessagesAreInspected) {
     PageEdge edge(longest);
     Flips flips(3);
     Places places(4);
-    std::size_t tried = 0;
+    std::size_t tried = 0, bytes = 0;
     {
         const Muted quiet;
-        for (const WholeMessage& message : wholeMessages())
-            tried +=
-                flipped(message.bytes, 2048, flips, places, [&](const std::string& bytes, std::size_t place) {
-                    const char* const buf = edge.place(bytes);
-                    const int len = static_cast<int>(bytes.size());
-                    for (const BytesReader& reader : bytesReaders)
-                        steady(faults, at(reader.name + (" of " + message.name), place),
-                               [&] { return reader.read(buf, len); });
-                    const int framed = GetHttpPacketLength(buf, len);
-                    faults.expect(framed >= -1 && framed <= len, message.name, "frames more than there is");
-                    faults.expect(GetHttpLength(buf, len) <= len && GetContentLen(buf, len) >= -1,
-                                  message.name, "finds a head or length that cannot be");
-                });
+        for (const WholeMessage& message : wholeMessages()) {
+            const auto check = [&](const std::string& text, std::size_t place) {
+                const char* const buf = edge.place(text);
+                const int len = static_cast<int>(text.size());
+                for (const BytesReader& reader : bytesReaders)
+                    steady(faults, at(reader.name + (" of " + message.name), place),
+                           [&] { return reader.read(buf, len); });
+                const int framed = GetHttpPacketLength(buf, len);
+                faults.expect(framed >= -1 && framed <= len, message.name, "frames more than there is");
+                faults.expect(GetHttpLength(buf, len) <= len && GetContentLen(buf, len) >= -1, message.name,
+                              "finds a head or length that cannot be");
+            };
+            bytes += message.bytes.size() / oneOutOf;
+            tried += flipped(message.bytes, places.oneOf(oneOutOf, message.bytes.size()), flips, check);
+        }
     }
     EXPECT_EQ(faults.text(), "");
-    EXPECT_GE(tried, 40000 / oneOutOf);
+    EXPECT_GE(tried, bytes);
+    EXPECT_GE(bytes, 100000 / oneOutOf);
+}
+
+// Decode alone, of each byte in turn.
+TEST(WrongBytes, InDocumentsAreParsedOrRefused) {
+    Faults faults;
+    PageEdge edge(longest);
+    Flips flips(9);
+    Places places(10);
+    std::size_t tried = 0, taken = 0, bytes = 0;
+    const auto parse = [&](const std::string& xml, std::size_t step) {
+        const auto check = [&](const std::string& text, std::size_t place) {
+            const char* const placed = edge.placeText(text);
+            const heap::Watch watch;
+            taken += fencedDocument(placed) != nullptr;
+            if (watch.leaked() != 0) faults.add(at(xml.substr(0, 200), place), "leaks");
+        };
+        tried += flipped(xml, places.oneOf(step, xml.size()), flips, check);
+        bytes += xml.size() / step;
+    };
+    {
+        const Muted quiet;
+        for (const std::string& xml : wholeDocuments()) parse(xml, onePlaceOutOf);
+        for (const WholeMessage& message : otherShapes()) parse(message.body, partOf(message));
+        for (const OwnElement& own : ownElements()) parse(own.xml, onePlaceOutOf);
+    }
+    EXPECT_EQ(faults.text(), "");
+    EXPECT_GE(tried, bytes);
+    EXPECT_GE(bytes, 150000 / onePlaceOutOf);
+    EXPECT_GE(taken, tried / 4);
+    EXPECT_LE(taken, tried * 3 / 4);
 }
 
 // Reads a text with these readers, if it is a document.
 template <class Reader, class From>
 bool readAll(Faults& faults, const std::string& where, const char* text, const std::vector<Reader>& readers,
              const From& from) {
-    TiXmlDocument* const doc = Decode(text);
+    const heap::Watch watch;
+    Document doc = fencedDocument(text);
+    const bool taken = doc != nullptr;
     if (doc && doc->RootElement())
         for (const Reader& reader : readers) {
             int error = 7;
-            steady(faults, where + ", " + reader.name, [&] { return reader.read(from(doc), &error); });
+            steady(faults, where + ", " + reader.name, [&] { return reader.read(from(doc.get()), &error); });
             faults.expect(error == 0 || error == -1 || error == 7, where, reader.name);
         }
-    ReleaseTiXmlDocument(doc);
-    return doc != nullptr;
+    doc.reset();
+    faults.expect(watch.leaked() == 0, where, "leaks");
+    return taken;
 }
 
 TEST(WrongBytes, InDocumentsAreReadOrRefused) {
@@ -96,13 +132,12 @@ TEST(WrongBytes, InDocumentsAreReadOrRefused) {
     {
         const Muted quiet;
         for (const std::string& xml : wholeDocuments())
-            tried += flipped(xml, 400, flips, places, [&](const std::string& text, std::size_t place) {
-                const heap::Watch watch;
-                const char* const placed = edge.placeText(text);
-                taken += readAll(faults, at(xml.substr(0, 200), place), placed, documentReaders,
-                                 [](TiXmlDocument* doc) { return doc; });
-                faults.expect(watch.leaked() == 0, xml, "leaks");
-            });
+            tried += flipped(xml, places.of(xml.size(), 400), flips,
+                             [&](const std::string& text, std::size_t place) {
+                                 const char* const placed = edge.placeText(text);
+                                 taken += readAll(faults, at(xml.substr(0, 200), place), placed,
+                                                  documentReaders, [](TiXmlDocument* doc) { return doc; });
+                             });
     }
     EXPECT_EQ(faults.text(), "");
     EXPECT_GE(tried, 20000 / oneOutOf);
@@ -126,7 +161,7 @@ TEST(WrongBytes, InRecordsAreReadOrRefused) {
                 taken += readAll(faults, at(own.reader->name, place), placed, reader, root);
                 readAll(faults, at(own.reader->name, place), placed, valueReaders, root);
             };
-            tried += flipped(own.xml, 2048, flips, places, all);
+            tried += flipped(own.xml, places.oneOf(oneOutOf, own.xml.size()), flips, all);
         }
     }
     EXPECT_EQ(faults.text(), "");

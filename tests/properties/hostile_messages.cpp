@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 using namespace veltoprotocol;
 
@@ -147,6 +148,29 @@ class BestElements {
     std::map<const ElementReader*, Best> found_;
 };
 
+WholeMessage whole(const std::string& name, const std::string& bytes) {
+    const std::size_t blank = bytes.find("\r\n\r\n");
+    return {name, bytes, blank == std::string::npos ? bytes : bytes.substr(blank + 4)};
+}
+
+bool isDocument(const WholeMessage& message) { return message.body.compare(0, 5, "<?xml") == 0; }
+
+// The encoder, the status of a response, whether its result is 0, and which tags there are, each of them once
+// or more often.
+std::string shapeOf(const WholeMessage& message) {
+    const std::string xml = message.body.substr(0, message.body.rfind("</servercommandservice>"));
+    std::map<std::string, int> times;
+    for (std::size_t at = xml.find('<'); at != std::string::npos; at = xml.find('<', at + 1)) {
+        int& known = times[xml.substr(at, xml.find_first_of(" />", at + 1) - at)];
+        known = std::min(known + 1, 2);
+    }
+    std::string shape = message.name;
+    if (message.bytes.compare(0, 5, "HTTP/") == 0) shape += message.bytes.substr(8, 4);
+    if (xml.find("<Result>0<") != std::string::npos) shape += ", well";
+    for (const auto& [tag, count] : times) shape += tag + std::to_string(count);
+    return shape;
+}
+
 } // namespace
 
 const std::vector<WholeMessage>& wholeMessages() {
@@ -160,10 +184,30 @@ const std::vector<WholeMessage>& wholeMessages() {
             }
         quiet.text();
         std::vector<WholeMessage> messages;
-        for (const auto& [name, bytes] : best) {
-            const std::size_t blank = bytes.find("\r\n\r\n");
-            messages.push_back({name, bytes, blank == std::string::npos ? bytes : bytes.substr(blank + 4)});
-        }
+        for (const auto& [name, bytes] : best) messages.push_back(whole(name, bytes));
+        return messages;
+    }();
+    return messages;
+}
+
+const std::vector<WholeMessage>& otherShapes() {
+    static const std::vector<WholeMessage> messages = [] {
+        std::set<std::string> known;
+        for (const WholeMessage& message : wholeMessages()) known.insert(shapeOf(message));
+        std::map<std::string, WholeMessage> shortest;
+        Captured quiet;
+        for (unsigned seed = 0; seed < 24; ++seed)
+            for (const NamedMessage& named : everyEncoder(seed, Texts::printable)) {
+                const WholeMessage message = whole(named.name, named.bytes);
+                if (!isDocument(message) || message.bytes.size() > 2 * notLong) continue;
+                const std::string shape = shapeOf(message);
+                if (known.count(shape) > 0) continue;
+                WholeMessage& kept = shortest.try_emplace(shape, message).first->second;
+                if (message.bytes.size() < kept.bytes.size()) kept = message;
+            }
+        quiet.text();
+        std::vector<WholeMessage> messages;
+        for (const auto& [shape, message] : shortest) messages.push_back(message);
         return messages;
     }();
     return messages;
@@ -174,7 +218,7 @@ const std::vector<std::string>& wholeDocuments() {
         std::vector<std::string> documents = fromOtherPeers();
         documents.push_back(motley);
         for (const WholeMessage& message : wholeMessages())
-            if (message.body.compare(0, 5, "<?xml") == 0) documents.push_back(message.body);
+            if (isDocument(message)) documents.push_back(message.body);
         return documents;
     }();
     return documents;
@@ -194,11 +238,15 @@ const std::vector<OwnElement>& ownElements() {
     return own;
 }
 
-std::vector<std::size_t> Places::of(std::size_t length, std::size_t dense) {
+std::vector<std::size_t> Places::oneOf(std::size_t step, std::size_t length) {
     std::vector<std::size_t> places;
-    const std::size_t first = random_() % oneOutOf;
-    for (std::size_t at = first; at < std::min(length, dense); at += oneOutOf) places.push_back(at);
-    const std::size_t step = 16 * oneOutOf;
-    for (std::size_t at = dense + random_() % step; at < length; at += step) places.push_back(at);
+    for (std::size_t at = random_() % step; at < length; at += step) places.push_back(at);
+    return places;
+}
+
+std::vector<std::size_t> Places::of(std::size_t length, std::size_t dense) {
+    std::vector<std::size_t> places = oneOf(oneOutOf, std::min(length, dense));
+    if (length > dense)
+        for (const std::size_t at : oneOf(16 * oneOutOf, length - dense)) places.push_back(dense + at);
     return places;
 }
