@@ -96,9 +96,9 @@ struct Envelope {
     bool request;
     bool carriesToken;
     Token token;
-    int counter = 0;             // attribute Counter of the command element, if above 0
-    const char* trace = nullptr; // the XML is printed with these words
-    Text tail = {};              // bytes behind the XML
+    int counter;       // attribute Counter of the command element, if above 0
+    const char* trace; // the XML is printed with these words; null for no print
+    Text tail;         // bytes behind the XML
 };
 
 // Length of the XML alone.
