@@ -3,22 +3,19 @@
 #include "counted_lists.h"
 #include "properties/cost_families.h"
 #include "properties/zip_bomb.h"
+#include "used.h"
 
 #include <LibVeltoProtocol.h>
 #include <tinyxml.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <memory>
 #include <new>
 
 #include <malloc.h>
-#include <time.h>
-#include <unistd.h>
 
 namespace {
 
@@ -27,6 +24,7 @@ using cost::times;
 
 constexpr std::size_t megabyte = 1000000, large = 10 * megabyte;
 
+using bench::forgetPeak, bench::megabytes, bench::now, bench::Printed;
 using bench::List, bench::lists;
 using Document = std::unique_ptr<TiXmlDocument, void (*)(TiXmlDocument*)>;
 
@@ -65,8 +63,8 @@ Call authorizing(std::size_t length) {
     };
 }
 
-Call reading(std::size_t plain, unsigned int counter) {
-    return [block = cost::zipBomb(large, plain, counter)] {
+Call reading(std::size_t size, std::size_t plain, unsigned int counter) {
+    return [block = cost::zipBomb(size, plain, counter)] {
         int error = 7;
         __tagVtRecordParam found =
             GetSearchRecordResultDecode(block.data(), static_cast<int>(block.size()), &error);
@@ -75,8 +73,9 @@ Call reading(std::size_t plain, unsigned int counter) {
         return what;
     };
 }
-Case block(const char* name, const std::string& input, std::size_t plain, unsigned int counter) {
-    return {name, input, "`GetSearchRecordResultDecode`", [=] { return reading(plain, counter); }};
+Case block(const char* name, const std::string& input, std::size_t size, std::size_t plain,
+           unsigned int counter) {
+    return {name, input, "`GetSearchRecordResultDecode`", [=] { return reading(size, plain, counter); }};
 }
 
 Case counting(const List& list, const std::string& input, const std::string& count, std::size_t size,
@@ -85,6 +84,25 @@ Case counting(const List& list, const std::string& input, const std::string& cou
                 return [&list, text = list.text(count, size)] {
                     const Document doc(Decode(text.c_str()), ReleaseTiXmlDocument);
                     return doc ? std::to_string(list.read(doc.get())) + " entries" : "refused";
+                };
+            }};
+}
+
+// As high as the array may be, far more than there are entries.
+Case counting(const List& list) {
+    const std::string most = std::to_string((std::size_t{1} << 30) / list.size);
+    return counting(list, "a count of " + std::string(list.name) + " as high as may be: " + most, most, 400,
+                    "most-" + std::string(list.name));
+}
+
+// Of a document that is there already.
+Case printing(const char* name, const std::string& input, const std::string& front, const std::string& unit,
+              const std::string& back) {
+    return {name, input, "`GetXmlEncode`", [=]() -> Call {
+                const std::string text = cost::Family{"", cost::By::scan, front, unit, back}.text(large);
+                const std::shared_ptr<TiXmlDocument> doc(Decode(text.c_str()), ReleaseTiXmlDocument);
+                return [doc] {
+                    return "a text of " + std::to_string(GetXmlEncode(doc.get()).size()) + " bytes";
                 };
             }};
 }
@@ -114,10 +132,12 @@ std::vector<Case> cases() {
             }),
         {"authorization", "an Authorization header of 100 KB", "`GetAuthorization`, `GetAuthorizationDecode`",
          [] { return authorizing(100000); }},
-        block("bomb", "a 10 MB record list that inflates to 1.1 GB", 1100 * megabyte, 0),
-        block("bomb-counter", "the same to 1 GB, its Counter 4,294,967,295", 1000 * megabyte, 4294967295U),
-        block("bomb-records", "the same to 1 GB, its Counter as high as may be", 1000 * megabyte,
+        block("bomb", "a 10 MB record list that inflates to 1.1 GB", large, 1100 * megabyte, 0),
+        block("bomb-counter", "the same to 1 GB, its Counter 4,294,967,295", large, 1000 * megabyte,
+              4294967295U),
+        block("bomb-records", "the same to 1 GB, its Counter as high as may be", large, 1000 * megabyte,
               asManyAsFit),
+        block("few-records", "a record list of 80 bytes, its Counter as high as may be", 80, 57, asManyAsFit),
         filled("smallest", "10 MB of `<a/>`", "<a/>"),
         filled("texts", "10 MB of `x<a/>`", "x<a/>"),
         filled("texts-parser", "the same with a comment at the end", "x<a/>", "<!----></a>"),
@@ -134,6 +154,9 @@ std::vector<Case> cases() {
         document("name", "one name of 10 MB", [] {
             return cost::Family{"", cost::By::parser, "<", "n", "/>"}.text(large);
         })};
+    cases.push_back(printing("print-smallest", "10 MB of `<a/>`", cost::usual + "<a>", "<a/>", "</a>"));
+    cases.push_back(printing("print-deep", "10 MB of `x<a/>` inside 127 elements",
+                             cost::usual + times(127, "<b>"), "x<a/>", times(127, "</b>")));
     cases.push_back(growing("growing", "a message of 8 MiB that comes in steps of 1 KiB",
                             "POST / HTTP/1.1\r\nContent-Length: 8388564\r\n\r\n", "x"));
     cases.push_back(growing("growing-without", "the same without a length", "POST / HTTP/1.1\r\n\r\n", "x"));
@@ -146,6 +169,7 @@ std::vector<Case> cases() {
             (isUnsigned ? "a count of 4,294,967,295 " : "a count of 2,147,483,647 ") + std::string(list.name),
             isUnsigned ? "4294967295" : "2147483647", 400, "count-" + std::string(list.name)));
     }
+    for (const List& list : lists()) cases.push_back(counting(list));
     // As many as there are, or as an array may have.
     for (const List& list : lists()) {
         const std::size_t count = std::min(large / list.entry.size(), (std::size_t{1} << 30) / list.size);
@@ -154,51 +178,6 @@ std::vector<Case> cases() {
     }
     return cases;
 }
-
-double now() {
-    timespec time = {};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
-}
-
-// The most that the process had resident since forgetPeak(), as Linux tells it.
-void forgetPeak() { std::ofstream("/proc/self/clear_refs") << "5" << std::flush; }
-double megabytes() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.compare(0, 6, "VmHWM:") == 0) return std::stod(line.substr(6)) * 1024 / 1e6;
-    std::abort();
-}
-
-// Standard output in a file while it lives.
-class Printed {
-  public:
-    Printed() : saved_(dup(STDOUT_FILENO)), file_(std::tmpfile()) {
-        std::fflush(stdout);
-        if (saved_ < 0 || !file_ || dup2(fileno(file_), STDOUT_FILENO) < 0) std::abort();
-    }
-    Printed(const Printed&) = delete;
-    Printed& operator=(const Printed&) = delete;
-    ~Printed() { std::fclose(file_); }
-
-    // Standard output is itself again afterwards.
-    void end(std::string& first, long& lines) {
-        std::fflush(stdout);
-        dup2(saved_, STDOUT_FILENO);
-        close(saved_);
-        std::rewind(file_);
-        for (int c; (c = std::fgetc(file_)) != EOF;) {
-            if (c == '\n')
-                ++lines;
-            else if (lines == 0)
-                first.push_back(static_cast<char>(c));
-        }
-    }
-
-  private:
-    int saved_;
-    std::FILE* file_;
-};
 
 int measure(const Case& one) {
     const Call call = one.prepare();

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <algorithm>
-#include <climits>
+#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include <malloc.h>
@@ -35,11 +36,16 @@ double secondsOf(const Call& call) {
     return cpuSeconds() - start;
 }
 
-constexpr double lasting = 0.05; // what takes longer is its own average
+// What takes less is done again and again until it has taken as much in all. Small inputs come before large
+// ones, for which more care is taken.
+constexpr double lasting(std::size_t size) { return size < (std::size_t{1} << 18) ? 5e-3 : 20e-3; }
 
-// Of the time, where the input grows to eight times its size. What grows with the square would take 64 times
-// as long; what is linear may take more than 8 times as long where only the larger one is beyond the caches.
-constexpr double mostGrowth(std::size_t size) { return size < (std::size_t{1} << 20) ? 16 : 12; }
+// Of the time, where the input grows to eight times its size; what grows with the square takes 64 times as
+// long. What is linear may take more than 8 times as long where only the larger input is beyond a cache.
+constexpr double mostGrowth(std::size_t size) { return size < (std::size_t{1} << 18) ? 16 : 12; }
+
+// What takes less passes: so fast, a nanosecond a byte, bytes are copied a few times, where caches decide.
+constexpr double unnoticed(std::size_t size) { return std::max(1e-3, 1e-9 * static_cast<double>(size)); }
 
 // The allocator returns nothing to the system from now on, and has had as much as the largest documents take.
 // Otherwise the larger input alone would pay for fresh pages, at every call.
@@ -56,7 +62,7 @@ inline void keepMemory() {
 #ifndef VELTO_OTHER_ALLOCATOR
     static const bool kept = [] {
         mallopt(M_MMAP_MAX, 0);
-        mallopt(M_TRIM_THRESHOLD, INT_MAX);
+        mallopt(M_TRIM_THRESHOLD, -1);
         constexpr std::size_t most = 800 << 20;
         void* const memory = std::malloc(most);
         if (memory) std::memset(memory, 1, most);
@@ -67,28 +73,67 @@ inline void keepMemory() {
 #endif
 }
 
-// What is faster counts as this: so few nanoseconds a byte may become several times as many beyond the
-// caches.
-constexpr double shortest(std::size_t size) { return std::max(2e-3, 1e-8 * static_cast<double>(size)); }
+// What a call takes. One that tells it itself may tell it of several parts, in a std::array.
+template <class Run, class Input>
+auto secondsWith(const Run& run, const Input& input) {
+    if constexpr (std::is_void_v<std::invoke_result_t<const Run&, const Input&>>)
+        return std::array<double, 1>{secondsOf([&] { run(input); })};
+    else
+        return run(input);
+}
 
-// Why run(make(n)) grows faster than its input between n = `size` and 8n; empty if it does not. The best of
-// at least three measurements, one after the other, counts; a busy moment is given time to pass.
+template <class Parts>
+double longest(const Parts& parts) {
+    return *std::max_element(parts.begin(), parts.end());
+}
+
+// The average of calls that take so long in all, with each of the inputs in turn.
+template <class Run, class Input>
+auto averageSeconds(const Run& run, const std::vector<Input>& inputs, double lasting) {
+    auto sum = secondsWith(run, inputs[0]);
+    std::size_t calls = 1;
+    while (calls < inputs.size() || longest(sum) < lasting) {
+        const auto took = secondsWith(run, inputs[calls++ % inputs.size()]);
+        for (std::size_t part = 0; part < sum.size(); ++part) sum[part] += took[part];
+    }
+    for (double& seconds : sum) seconds /= static_cast<double>(calls);
+    return sum;
+}
+
+template <class Parts>
+void lower(Parts& best, const Parts& parts) {
+    for (std::size_t part = 0; part < best.size(); ++part) best[part] = std::min(best[part], parts[part]);
+}
+
+// Why run(make(n)) grows faster than its input between n = `size` and 8n; empty if it does not. What is fast
+// is asked with eight inputs of n bytes, so that both sizes have as much to fetch from beyond the caches. The
+// best of at least two measurements counts, one after the other; a busy moment is given time to pass.
 template <class Make, class Run>
 std::string tooSteep(const Make& make, const Run& run, std::size_t size) {
     keepMemory();
-    const auto one = make(size), eight = make(8 * size);
-    double forOne = 1e9, forEight = 1e9;
-    const auto most = [&] { return mostGrowth(size) * std::max(forOne, shortest(size)); };
-    const auto holds = [&] { return forEight <= most(); };
-    for (int round = 0; round < 3 || (round < 9 && !holds()); ++round) {
-        forOne = std::min(forOne, secondsOf([&] { run(one); }));
-        if (forEight > lasting && forEight < 1e9 && holds()) continue;
-        forEight = std::min(forEight, secondsOf([&] { run(eight); }));
-        if (forEight > 3 * most()) break; // no busy moment makes that much
+    std::vector<decltype(make(size))> one, eight;
+    eight.push_back(make(8 * size));
+    auto forEight = secondsWith(run, eight[0]);
+    if (longest(forEight) <= unnoticed(8 * size)) return "";
+    one.push_back(make(size));
+    auto forOne = secondsWith(run, one[0]);
+    while (one.size() < 8 && static_cast<double>(one.size()) * longest(forOne) < lasting(size))
+        one.push_back(make(size));
+    const auto holds = [&](double times) {
+        for (std::size_t part = 0; part < forOne.size(); ++part)
+            if (forEight[part] > std::max(times * forOne[part], unnoticed(8 * size))) return false;
+        return true;
+    };
+    for (int round = 0; round < 2 || (round < 9 && !holds(mostGrowth(size))); ++round) {
+        lower(forOne, averageSeconds(run, one, lasting(size)));
+        if (!holds(mostGrowth(size))) lower(forEight, averageSeconds(run, eight, lasting(size)));
+        if (!holds(3 * mostGrowth(size))) break; // no busy moment makes that much
     }
-    if (holds()) return "";
+    if (holds(mostGrowth(size))) return "";
     std::ostringstream why;
-    why << size << " bytes take " << forOne * 1e3 << " ms, eight times as many " << forEight * 1e3 << " ms\n";
+    for (std::size_t part = 0; part < forOne.size(); ++part)
+        why << size << " bytes take " << forOne[part] * 1e3 << " ms, eight times as many "
+            << forEight[part] * 1e3 << " ms\n";
     return why.str();
 }
 

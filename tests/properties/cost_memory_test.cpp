@@ -1,4 +1,5 @@
 // Memory is bounded by the input, or by what is promised where the input only counts.
+#include "properties/cost_alone.h"
 #include "properties/cost_families.h"
 #include "properties/cost_growth.h"
 #include "properties/steady.h"
@@ -9,16 +10,11 @@
 
 #include <LibVeltoProtocol.h>
 
-#include <functional>
-
-#include <sys/resource.h>
-#include <sys/wait.h>
-
 namespace {
 
 using namespace veltoprotocol;
+using cost::alone, cost::gibibyte, cost::Outcome;
 
-constexpr long gibibyte = 1L << 30;
 constexpr std::size_t length = cost::optimised ? 2000000 : 100000;
 
 TEST(Decode, TakesAtMostAHundredBytesForEachByteOfTheText) {
@@ -62,37 +58,6 @@ TEST(GetXmlEncode, TakesAFewTimesTheTextThatItGives) {
     EXPECT_EQ(faults.text(), "");
 }
 
-// What a call does in a process of its own, and the most memory that this had.
-struct Outcome {
-    std::string what;
-    long resident;
-};
-Outcome alone(const std::function<const char*()>& call) {
-    int ends[2];
-    if (pipe(ends) != 0) throw std::runtime_error("no pipe");
-    std::fflush(stdout);
-    const pid_t child = fork();
-    if (child == 0) {
-        const Muted quiet;
-        const char* what = "nothing";
-        try {
-            what = call();
-        } catch (const std::bad_alloc&) {
-            what = "std::bad_alloc";
-        }
-        const ssize_t written = write(ends[1], what, std::strlen(what));
-        _exit(written > 0 ? 0 : 1);
-    }
-    close(ends[1]);
-    char what[64] = {};
-    const ssize_t got = read(ends[0], what, sizeof what - 1);
-    close(ends[0]);
-    int status = 0;
-    rusage usage = {};
-    wait4(child, &status, 0, &usage);
-    return {got > 0 && status == 0 ? what : "died", usage.ru_maxrss * 1024};
-}
-
 const char* readBlock(const std::string& block) {
     int error = 7;
     __tagVtRecordParam found =
@@ -124,39 +89,6 @@ TEST(GetSearchRecordResultDecode, TakesLessThanTwoGibibytesForABomb) {
         EXPECT_EQ(outcome.what, bomb.what) << bomb.plain << ", " << bomb.counter;
         EXPECT_LT(outcome.resident, bomb.limit) << bomb.plain << ", " << bomb.counter;
         EXPECT_GT(outcome.resident, bomb.least) << bomb.plain << ", " << bomb.counter;
-    }
-}
-
-// The costliest document, and then all that a decoder may add to it.
-TEST(Decoders, TakeLessThanTwoGibibytesForTheCostliestDocument) {
-    if (!cost::optimised) GTEST_SKIP() << "measured in the release build";
-    constexpr std::size_t groups = (1U << 30) / sizeof(__tagVtGroupItem);
-    std::string filler;
-    while (filler.size() < 9990000) filler += "x<a/>";
-    const auto answer = [&](std::size_t count) {
-        return cost::usual +
-               layouts::answer(
-                   "<Result>0</Result>" +
-                   layouts::enclosed(layouts::counter("GroupsCounter", std::to_string(count)) + filler));
-    };
-    const auto read = [](const std::string& text) {
-        const Document doc(Decode(text.c_str()));
-        int error = 7;
-        __tagVtViewGroupData layout = GetViewGroupDataParamDecode(doc.get(), &error);
-        const char* const what = layout.groups ? "groups" : "no groups";
-        ReleaseViewGroupDataParam(&layout);
-        return what;
-    };
-    const std::string text = answer(groups), beyond = answer(groups + 1), lying = answer(2147483647);
-    ASSERT_LE(text.size(), 10000000u);
-    const Outcome outcome = alone([&] { return read(text); });
-    EXPECT_EQ(outcome.what, "groups");
-    EXPECT_LT(outcome.resident, 2 * gibibyte);
-    EXPECT_GT(outcome.resident, gibibyte + 500 * 1000000L);
-    for (const std::string& refused : {beyond, lying}) {
-        const Outcome none = alone([&] { return read(refused); });
-        EXPECT_EQ(none.what, "std::bad_alloc");
-        EXPECT_LT(none.resident, gibibyte);
     }
 }
 

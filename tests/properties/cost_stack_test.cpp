@@ -1,5 +1,6 @@
 // Everything gets by with a small stack, so it may be called on a small thread.
 #include "properties/cost_families.h"
+#include "properties/cost_stack.h"
 #include "properties/declared.h"
 #include "properties/every_encoder.h"
 #include "properties/hostile_messages.h"
@@ -12,95 +13,14 @@
 #include <LibVeltoProtocol.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-#include <functional>
-#include <new>
-#include <stdexcept>
-
-#include <pthread.h>
-#include <sys/mman.h>
+#include <csignal>
+#include <type_traits>
 
 namespace {
 
 using namespace veltoprotocol;
 
-// Frames grow under a sanitizer.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define COST_SANITIZED
-#endif
-#endif
-#ifdef COST_SANITIZED
-constexpr std::size_t promised = 256 << 10;
-#else
-constexpr std::size_t promised = 64 << 10;
-#endif
-
-// A thread's stack, larger than it needs to be, so that it can be told how much of it was used.
-class PaintedStack {
-  public:
-    PaintedStack() {
-        void* const start = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        if (start == MAP_FAILED) throw std::bad_alloc();
-        start_ = static_cast<unsigned char*>(start);
-        mprotect(start_, guard, PROT_NONE);
-    }
-    PaintedStack(const PaintedStack&) = delete;
-    PaintedStack& operator=(const PaintedStack&) = delete;
-    ~PaintedStack() { munmap(start_, size); }
-
-    // How many bytes of it a thread touches that does the work, what the thread itself needs included.
-    std::size_t used(std::function<void()> work) {
-        unsigned char *const lowest = start_ + guard, *const end = start_ + size;
-        std::memset(lowest, paint, size - guard);
-        pthread_attr_t attributes;
-        pthread_attr_init(&attributes);
-        pthread_attr_setstack(&attributes, lowest, size - guard);
-        pthread_t thread;
-        const auto run = [](void* of) -> void* {
-            (*static_cast<std::function<void()>*>(of))();
-            return nullptr;
-        };
-        const int failed = pthread_create(&thread, &attributes, run, &work);
-        pthread_attr_destroy(&attributes);
-        if (failed) throw std::runtime_error("no thread");
-        pthread_join(thread, nullptr);
-        const std::vector<unsigned char> painted(4096, paint);
-        unsigned char* at = lowest;
-        while (at < end && std::memcmp(at, painted.data(), painted.size()) == 0) at += painted.size();
-        while (at < end && *at == paint) ++at;
-        return static_cast<std::size_t>(end - at);
-    }
-
-  private:
-    static constexpr std::size_t guard = 64 << 10, size = guard + (1 << 20);
-    static constexpr unsigned char paint = 0xC5;
-    unsigned char* start_;
-};
-
-// Who used more than is promised, and whether anybody used anything.
-class Uses {
-  public:
-    template <class Work>
-    void note(const std::string& name, const Work& work) {
-        const std::size_t used = stack_.used(work);
-        if (used > promised) tooMuch_ += name + " used " + std::to_string(used) + " bytes\n";
-        if (used > most_) most_ = used, mostBy_ = name;
-        ++calls_;
-    }
-    void expectWithinThePromise(std::size_t calls) const {
-        EXPECT_EQ(tooMuch_, "");
-        EXPECT_GE(calls_, calls);
-        testing::Test::RecordProperty("most", static_cast<int>(most_));
-        testing::Test::RecordProperty("by", mostBy_);
-    }
-
-  private:
-    PaintedStack stack_;
-    std::string tooMuch_, mostBy_;
-    std::size_t most_ = 0, calls_ = 0;
-};
+using namespace cost;
 
 template <std::size_t size>
 void touch() {
@@ -122,85 +42,169 @@ TEST(PaintedStack, TellsHowMuchWasUsed) {
     EXPECT_LT(some, promised);
 }
 
-TEST(SmallStack, IsEnoughForEveryEncoder) {
-    Uses uses;
-    std::set<std::string> called;
-    {
-        const Muted quiet;
-        std::vector<char> out(4 << 20);
-        for (unsigned seed = 0; seed < 3; ++seed)
-            for (const Texts texts : {Texts::anyBytes, Texts::printable})
-                visitEncoders(seed, texts, [&](const EncoderCall& call) {
-                    called.insert(call.name);
-                    uses.note(call.name, [&] { call.encode(out.data(), static_cast<int>(out.size())); });
+TEST(SmallStacks, TellWhoUsesTooMuch) {
+    SmallStacks stacks;
+    stacks.call("little", touch<20000>);
+    EXPECT_EQ(stacks.tooMuch(), "");
+    stacks.call("much", touch<300000>);
+#ifndef COST_SANITIZED
+    EXPECT_EQ(stacks.tooMuch().find("much used 30"), 0u) << stacks.tooMuch();
+#endif
+    EXPECT_EQ(stacks.names(), (std::set<std::string>{"little", "much"}));
+}
+
+#ifndef COST_SANITIZED
+// Nothing but the pages below it ends what needs more.
+TEST(StackDeathTest, EndsAtItsPromisedSize) {
+    const Stack stack(promised);
+    stack.run(touch<40000>);
+    EXPECT_EXIT(stack.run(touch<promised>), testing::KilledBySignal(SIGSEGV), "");
+}
+#endif
+
+#ifdef COST_SANITIZED
+constexpr unsigned seeds = 1;
+#else
+constexpr unsigned seeds = 3;
+#endif
+
+void callEncoders(SmallStacks& stacks) {
+    std::vector<char> out(4 << 20);
+    for (unsigned seed = 0; seed < seeds; ++seed)
+        for (const Texts texts : {Texts::anyBytes, Texts::printable})
+            visitEncoders(seed, texts, [&](const EncoderCall& call) {
+                stacks.call(call.name, [&] { call.encode(out.data(), static_cast<int>(out.size())); });
+            });
+}
+
+void callReadersOfBytes(SmallStacks& stacks) {
+    std::vector<std::string> messages;
+    for (const WholeMessage& message : wholeMessages()) messages.push_back(message.bytes);
+    messages.push_back("POST / HTTP/1.1\r\nAuthorization: Basic " + times(25000, "YWJj") + "\r\n\r\n");
+    messages.push_back("Basic " + times(25000, "YWJj"));
+    messages.push_back("Basic " + times(341, "YWJj"));
+    messages.push_back(zipBomb(20000, 1900000, 1000));
+    messages.push_back(zipBomb(20000, 1900000, 4294967295U));
+    for (const std::string& message : messages)
+        for (const BytesReader& reader : bytesReaders)
+            stacks.call(reader.name, [&] { reader.read(message.data(), static_cast<int>(message.size())); });
+}
+
+void callReadersOfXml(SmallStacks& stacks) {
+    for (const DocumentReader& reader : documentReaders)
+        stacks.call(reader.name, [&] {
+            int error = 7;
+            for (const std::string& xml : wholeDocuments()) {
+                TiXmlDocument* const doc = Decode(xml.c_str());
+                reader.read(doc, &error);
+                ReleaseTiXmlDocument(doc);
+            }
+        });
+    for (const OwnElement& own : ownElements()) {
+        const Document doc = parsed(own.xml);
+        stacks.call(own.reader->name, [&] {
+            int error = 7;
+            own.reader->read(doc->RootElement(), &error);
+        });
+    }
+    const Document none = parsed("<a><b>-1.5</b></a>"), some = parsed("<a k='1'>x<b>12</b></a>");
+    for (const auto& readers : {recordReaders, valueReaders})
+        for (const ElementReader& reader : readers)
+            for (const Document* doc : {&none, &some})
+                stacks.call(reader.name, [&] { // all that is missing is told
+                    int error = 7;
+                    reader.read((*doc)->RootElement(), &error);
+                    reader.read((*doc)->RootElement()->FirstChildElement(), &error);
                 });
-    }
-    for (const std::string& function : declaredFunctions())
-        EXPECT_EQ(called.count(function), isEncoder(function) ? 1u : 0u) << function;
-    uses.expectWithinThePromise(600);
 }
 
-TEST(SmallStack, IsEnoughForEveryReaderOfBytes) {
-    Uses uses;
-    {
-        const Muted quiet;
-        std::vector<std::string> messages;
-        for (const WholeMessage& message : wholeMessages()) messages.push_back(message.bytes);
-        messages.push_back("POST / HTTP/1.1\r\nAuthorization: Basic " + cost::times(25000, "YWJj") +
-                           "\r\n\r\n");
-        messages.push_back("Basic " + cost::times(25000, "YWJj"));
-        messages.push_back("Basic " + cost::times(341, "YWJj"));
-        messages.push_back(cost::zipBomb(20000, 1900000, 1000));
-        messages.push_back(cost::zipBomb(20000, 1900000, 4294967295U));
-        for (const std::string& message : messages)
-            for (const BytesReader& reader : bytesReaders)
-                uses.note(reader.name,
-                          [&] { reader.read(message.data(), static_cast<int>(message.size())); });
+// What decoders make is made on the thread as well, since a call is made twice.
+template <auto decode, auto release>
+void callRelease(SmallStacks& stacks, const char* name) {
+    for (const std::string& xml : wholeDocuments()) {
+        const Document doc = parsed(xml);
+        stacks.call(name, [&] {
+            int error = 7;
+            auto made = decode(doc.get(), &error);
+            if constexpr (std::is_pointer_v<decltype(made)>)
+                release(made);
+            else
+                release(&made);
+        });
     }
-    uses.expectWithinThePromise(1200);
+}
+__tagVtPlayBackParam playback(TiXmlDocument* doc, int* error) {
+    TiXmlElement* const request = doc->RootElement()->FirstChildElement("request");
+    return GetPlayBackParamDecode(request, request ? request->FirstChildElement("PlaybackParam") : nullptr,
+                                  error);
+}
+// Those whose records no document becomes.
+__tagVtRecordParam records(TiXmlDocument*, int*) {
+    __tagVtRecordParam found = __tagVtRecordParam();
+    found.Records = new __tagVtRecordElementParam[found.Counter = 1000]();
+    return found;
+}
+__tagVtSystemRightsInfo rights(TiXmlDocument*, int*) {
+    __tagVtSystemRightsInfo user = __tagVtSystemRightsInfo();
+    user.ChannelRights = new __tagVtUserChannelRights[1000]();
+    return user;
 }
 
-TEST(SmallStack, IsEnoughForEveryReaderOfXml) {
-    Uses uses;
+void callReleases(SmallStacks& stacks) {
+    using Search = void (*)(__tagVtSearchAlarmParam*);
+    using Found = void (*)(__tagVtSearchAlarmResult*);
+    callRelease<GetViewGroupDataParamDecode, ReleaseViewGroupDataParam>(stacks, "ReleaseViewGroupDataParam");
+    callRelease<GetSetViewGroupData, ReleaseSetViewGroupData>(stacks, "ReleaseSetViewGroupData");
+    callRelease<GetSearchHistoryAlarmReqDecode, static_cast<Search>(ReleaseSearchAlarmParam)>(
+        stacks, "ReleaseSearchAlarmParam");
+    callRelease<GetSearchHistoryAlarmRespDecode, static_cast<Found>(ReleaseSearchAlarmParam)>(
+        stacks, "ReleaseSearchAlarmParam");
+    callRelease<GetSetEMapInfoReqDecode, EMapInfoDecodeRelease>(stacks, "EMapInfoDecodeRelease");
+    callRelease<GetEMapInfoRespDecode, EMapInfoDecodeRelease>(stacks, "EMapInfoDecodeRelease");
+    callRelease<playback, ReleasePlaybackParam>(stacks, "ReleasePlaybackParam");
+    callRelease<records, ReleaseRecordParam>(stacks, "ReleaseRecordParam");
+    callRelease<rights, ReleaseUserInfoParam>(stacks, "ReleaseUserInfoParam");
+}
+
+void callOthers(SmallStacks& stacks) {
+    TiXmlElement element("Element");
+    for (const std::string& text : {std::string("&text"), std::string(100000, '&')}) {
+        const char* const given = text.c_str();
+        stacks.call("SetStringValue", [&] { SetStringValue(&element, given, given); });
+        stacks.call("SetStringValueAtt", [&] { SetStringValueAtt(&element, given, given); });
+    }
+    stacks.call("ItoString", [] { ItoString(-2147483647 - 1); });
+    stacks.call("UitoString", [] { UitoString(4294967295U); });
+    for (const std::string& xml : wholeDocuments()) {
+        stacks.call("Decode", [&] { delete Decode(xml.c_str()); });
+        stacks.call("ReleaseTiXmlDocument", [&] { ReleaseTiXmlDocument(Decode(xml.c_str())); });
+    }
+}
+
+TEST(SmallStack, IsEnoughForEveryFunction) {
+    SmallStacks stacks;
+    const struct {
+        const char* name;
+        void (*call)(SmallStacks&);
+        std::size_t least;
+    } kinds[] = {{"encoders", callEncoders, 200 * seeds},
+                 {"readers of bytes", callReadersOfBytes, 1200},
+                 {"readers of XML", callReadersOfXml, 130},
+                 {"releases", callReleases, 500},
+                 {"others", callOthers, 100}};
+    std::string few;
     {
         const Muted quiet;
-        for (const DocumentReader& reader : documentReaders)
-            uses.note(reader.name, [&] {
-                int error = 7;
-                for (const std::string& xml : wholeDocuments()) {
-                    TiXmlDocument* const doc = Decode(xml.c_str());
-                    reader.read(doc, &error);
-                    ReleaseTiXmlDocument(doc);
-                }
-            });
-        for (const OwnElement& own : ownElements()) {
-            const Document doc = parsed(own.xml);
-            uses.note(own.reader->name, [&] {
-                int error = 7;
-                own.reader->read(doc->RootElement(), &error);
-            });
+        for (const auto& kind : kinds) {
+            const std::size_t before = stacks.calls();
+            kind.call(stacks);
+            if (stacks.calls() - before < kind.least)
+                few += kind.name + (": " + std::to_string(stacks.calls() - before)) + " calls\n";
         }
-        const Document none = parsed("<a><b>-1.5</b></a>"), some = parsed("<a k='1'>x<b>12</b></a>");
-        for (const auto& readers : {recordReaders, valueReaders})
-            for (const ElementReader& reader : readers)
-                for (const Document* doc : {&none, &some})
-                    uses.note(reader.name, [&] { // all that is missing is told
-                        int error = 7;
-                        reader.read((*doc)->RootElement(), &error);
-                        reader.read((*doc)->RootElement()->FirstChildElement(), &error);
-                    });
     }
-    uses.expectWithinThePromise(130);
-}
-
-TEST(SmallStack, IsEnoughForWhatWritesATree) {
-    Uses uses;
-    const Document doc = parsed("<a/>");
-    uses.note("SetStringValue", [&] { SetStringValue(doc->RootElement(), "Name", "&text"); });
-    uses.note("SetStringValueAtt", [&] { SetStringValueAtt(doc->RootElement(), "Name", "&text"); });
-    uses.note("ItoString", [] { ItoString(-2147483647 - 1); });
-    uses.note("UitoString", [] { UitoString(4294967295U); });
-    uses.expectWithinThePromise(4);
+    EXPECT_EQ(few, "");
+    EXPECT_EQ(stacks.names(), declaredFunctions());
+    stacks.expectEnough(2000);
 }
 
 // Parsed, printed and released.
@@ -211,44 +215,42 @@ void live(const std::string& text) {
 }
 
 TEST(SmallStack, IsEnoughForDocumentsOfAsManyLevelsAsMayBe) {
-    const std::string tag = cost::crowded(), crowd = tag.substr(2, tag.size() - 4);
-    Uses uses;
+    const std::string tag = crowded(), crowd = tag.substr(2, tag.size() - 4);
+    SmallStacks stacks;
     std::size_t decoded = 0;
     {
         const Muted quiet;
-        for (const std::string& declaration : {cost::usual, std::string()})
+        for (const std::string& declaration : {usual, std::string()})
             for (const std::string& open : {std::string("<a>"), "<a" + crowd + ">"})
                 for (const std::string& inside :
                      {std::string(), std::string("text"), std::string("<!-- c -->")}) {
-                    const std::string text =
-                        declaration + cost::times(128, open) + inside + cost::times(128, "</a>");
+                    const std::string text = declaration + times(128, open) + inside + times(128, "</a>");
                     decoded += Document(Decode(text.c_str())) ? 1 : 0;
-                    uses.note(text.substr(0, 100) + inside, [&] { live(text); });
+                    stacks.call(text.substr(0, 100) + inside, [&] { live(text); });
                 }
     }
     EXPECT_EQ(decoded, 12u);
-    uses.expectWithinThePromise(12);
+    stacks.expectEnough(12);
 }
 
 TEST(SmallStack, IsEnoughForDocumentsThatAreRefused) {
-    Uses uses;
+    SmallStacks stacks;
     int decoded = 0;
     {
         const Muted quiet;
-        for (const std::string& declaration : {cost::usual, std::string()})
+        for (const std::string& declaration : {usual, std::string()})
             for (const int levels : {129, 250, 500, 1000, 100000}) {
-                const std::string text =
-                    declaration + cost::times(levels, "<a>") + cost::times(levels, "</a>");
+                const std::string text = declaration + times(levels, "<a>") + times(levels, "</a>");
                 decoded += Document(Decode(text.c_str())) ? 1 : 0;
-                uses.note(std::to_string(levels) + " levels", [&] { live(text); });
+                stacks.call(std::to_string(levels) + " levels", [&] { live(text); });
             }
-        for (const cost::Family& family : cost::families()) {
+        for (const Family& family : families()) {
             const std::string text = family.text(50000);
-            uses.note(family.name, [&] { live(text); });
+            stacks.call(family.name, [&] { live(text); });
         }
     }
     EXPECT_EQ(decoded, 0);
-    uses.expectWithinThePromise(60);
+    stacks.expectEnough(60);
 }
 
 } // namespace

@@ -58,9 +58,20 @@ std::string readAll(const std::string& xml) {
     return told;
 }
 
+// An element by the reader that it is meant for.
+std::string readOwn(const OwnElement& own, const std::string& xml) {
+    TiXmlDocument* const doc = Decode(xml.c_str());
+    int error = 7;
+    std::string told = own.reader->read(doc ? doc->RootElement() : nullptr, &error);
+    told += std::to_string(error);
+    ReleaseTiXmlDocument(doc);
+    return told;
+}
+
 TEST(HostileThreads, ReadDamagedMessagesAtOnce) {
     wholeMessages(); // made before the threads are, which only read them
     wholeDocuments();
+    ownElements();
     expectTheSameAtOnce([] {
         std::mt19937 random(14);
         std::string told;
@@ -71,6 +82,12 @@ TEST(HostileThreads, ReadDamagedMessagesAtOnce) {
             xml[random() % xml.size()] = static_cast<char>(random());
             told += readAll(xml);
         }
+        for (const OwnElement& own : ownElements())
+            for (int round = 0; round < 8; ++round) {
+                std::string xml = own.xml;
+                if (round > 0) xml[random() % xml.size()] = static_cast<char>(random());
+                told += readOwn(own, xml);
+            }
         for (const WholeMessage& message : wholeMessages()) {
             std::string bytes = message.bytes.substr(0, random() % (message.bytes.size() + 1));
             if (!bytes.empty()) bytes[random() % bytes.size()] = static_cast<char>(random());

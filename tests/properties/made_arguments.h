@@ -21,6 +21,8 @@ class MadeArguments {
         Records records = complete;
         veltoprotocol::__enumVtMessageType event = veltoprotocol::VtMessageAlarm;
         bool lengths = true; // of texts, where an int follows one
+        int otherAt = -1;    // which of the texts, counted from 0, is this one instead
+        std::string other;   // at most 48 bytes
     };
     static constexpr int entries = 2; // of each array
 
@@ -45,6 +47,8 @@ class MadeArguments {
 
     // Whether a record may be null among those that were made.
     bool hasRecords() const { return hasRecords_; }
+    // How many texts were made.
+    int texts() const { return texts_; }
 
   private:
     template <class Parameter>
@@ -67,9 +71,10 @@ class MadeArguments {
 
     const char* make(Type<const char*>) {
         previous_ = Previous::text;
-        if (choice_.texts == null) return nullptr;
+        const bool other = texts_++ == choice_.otherAt;
+        if (choice_.texts == null && !other) return nullptr;
         // As long as the longest identity; a picture's is read without looking for a NUL.
-        std::string text(choice_.texts == full ? 48 : 0, 't');
+        std::string text = other ? choice_.other : std::string(choice_.texts == full ? 48 : 0, 't');
         text.resize(49, '\0');
         const auto page = std::make_shared<GuardedPage>(text);
         kept_.push_back(page);
@@ -159,5 +164,6 @@ class MadeArguments {
     Choice choice_;
     Previous previous_ = Previous::other;
     bool hasRecords_ = false;
+    int texts_ = 0;
     std::vector<std::shared_ptr<void>> kept_;
 };

@@ -72,7 +72,8 @@ inline std::string toldAndReleased(__tagVtSearchAlarmParam* search) {
 }
 inline std::string toldAndReleased(__tagVtSearchAlarmResult* found) {
     if (!found) return "null";
-    const std::string text = told(found->SearchCount) + entries(found->alarms, found->CurCount);
+    const std::string text = std::string(reinterpret_cast<const char*>(&found->SearchCount), 4) +
+                             entries(found->alarms, found->CurCount);
     ReleaseSearchAlarmParam(found);
     return text;
 }

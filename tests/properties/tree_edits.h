@@ -24,6 +24,32 @@ inline std::vector<TiXmlElement*> elementsOf(TiXmlDocument& doc) {
     return found;
 }
 
+// A text of a tree: an attribute's, or that of an element.
+struct Held {
+    TiXmlElement* element;
+    TiXmlAttribute* attribute; // null for the element's own
+    std::string name;
+
+    std::string text() const { return attribute ? attribute->ValueStr() : element->FirstChild()->ValueStr(); }
+    void set(const std::string& text) const {
+        if (attribute)
+            attribute->SetValue(text);
+        else
+            element->FirstChild()->SetValue(text);
+    }
+};
+
+inline std::vector<Held> textsOf(TiXmlDocument& doc) {
+    std::vector<Held> held;
+    for (TiXmlElement* element : elementsOf(doc)) {
+        if (element->FirstChild() && element->FirstChild()->ToText())
+            held.push_back({element, nullptr, element->ValueStr()});
+        for (auto* at = element->FirstAttribute(); at; at = at->Next())
+            held.push_back({element, at, at->Name()});
+    }
+    return held;
+}
+
 inline void remove(TiXmlElement* element) { element->Parent()->RemoveChild(element); }
 
 // Every text and every attribute of it becomes this one.
@@ -51,10 +77,6 @@ inline void moveToTheFrontAndDoubleAtTheEnd(TiXmlElement* element) {
     if (element == parent->FirstChild()) return;
     parent->InsertBeforeChild(parent->FirstChild(), *element);
     parent->RemoveChild(element);
-}
-inline void doubleAsItIs(TiXmlElement* element) {
-    const TiXmlElement same(*element);
-    element->Parent()->InsertAfterChild(element, same);
 }
 
 // Whether order among the children of an element means nothing: each has another name, and no text is theirs.
