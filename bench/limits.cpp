@@ -96,13 +96,15 @@ Case counting(const List& list) {
 }
 
 // Of a document that is there already.
-Case printing(const char* name, const std::string& input, const std::string& front, const std::string& unit,
-              const std::string& back) {
-    return {name, input, "`GetXmlEncode`", [=]() -> Call {
+Case printing(const char* name, bool isMeasured, const std::string& input, const std::string& front,
+              const std::string& unit, const std::string& back) {
+    return {name, input, isMeasured ? "`GetXmlLength`" : "`GetXmlEncode`", [=]() -> Call {
                 const std::string text = cost::Family{"", cost::By::scan, front, unit, back}.text(large);
                 const std::shared_ptr<TiXmlDocument> doc(Decode(text.c_str()), ReleaseTiXmlDocument);
-                return [doc] {
-                    return "a text of " + std::to_string(GetXmlEncode(doc.get()).size()) + " bytes";
+                return [doc, isMeasured] {
+                    const std::size_t length = isMeasured ? static_cast<std::size_t>(GetXmlLength(doc.get()))
+                                                          : GetXmlEncode(doc.get()).size();
+                    return "a text of " + std::to_string(length) + " bytes";
                 };
             }};
 }
@@ -154,9 +156,12 @@ std::vector<Case> cases() {
         document("name", "one name of 10 MB", [] {
             return cost::Family{"", cost::By::parser, "<", "n", "/>"}.text(large);
         })};
-    cases.push_back(printing("print-smallest", "10 MB of `<a/>`", cost::usual + "<a>", "<a/>", "</a>"));
-    cases.push_back(printing("print-deep", "10 MB of `x<a/>` inside 127 elements",
-                             cost::usual + times(127, "<b>"), "x<a/>", times(127, "</b>")));
+    cases.push_back(
+        printing("print-smallest", false, "10 MB of `<a/>`", cost::usual + "<a>", "<a/>", "</a>"));
+    for (const bool isMeasured : {false, true})
+        cases.push_back(printing(isMeasured ? "measure-deep" : "print-deep", isMeasured,
+                                 "10 MB of `x<a/>` inside 127 elements", cost::usual + times(127, "<b>"),
+                                 "x<a/>", times(127, "</b>")));
     cases.push_back(growing("growing", "a message of 8 MiB that comes in steps of 1 KiB",
                             "POST / HTTP/1.1\r\nContent-Length: 8388564\r\n\r\n", "x"));
     cases.push_back(growing("growing-without", "the same without a length", "POST / HTTP/1.1\r\n\r\n", "x"));

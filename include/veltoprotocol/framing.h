@@ -90,7 +90,8 @@ VELTOPROTOCOL_API TiXmlElement* SetStringValueAtt(TiXmlElement* parent, const ch
 VELTOPROTOCOL_API std::string GetXmlEncode(TiXmlDocument* doc);
 
 /**
- * Length of what GetXmlEncode returns.
+ * Length of what GetXmlEncode returns. The text, which may be 200 times as long as what a hostile peer sent,
+ * is not kept in memory for it.
  * @param doc The document; the caller keeps it.
  * @return Bytes; -1 if doc is null or the text is longer than INT_MAX; 0 if doc refuses the printer.
  */

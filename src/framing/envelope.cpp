@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <memory>
+#include <utility>
 
 namespace veltoprotocol {
 namespace {
@@ -17,11 +18,43 @@ std::string decimal(Integer value) {
 }
 
 // False if the document refuses the printer.
-bool print(TiXmlDocument* doc, TiXmlPrinter& printer) {
+bool print(TiXmlDocument* doc, TiXmlVisitor& printer) {
     if (doc->Accept(&printer)) return true;
     unprintable();
     return false;
 }
+
+// What was printed, for whoever takes it away: the printer does nothing with it but append.
+std::string& textOf(TiXmlPrinter& printer) { return const_cast<std::string&>(printer.Str()); }
+
+// Counts what the printer prints without keeping it. Of elements that nest deeply that is mostly indentation,
+// many times what was received.
+class PrintedLength : public TiXmlVisitor {
+  public:
+    bool VisitEnter(const TiXmlDocument& doc) override { return count(printer_.VisitEnter(doc)); }
+    bool VisitExit(const TiXmlDocument& doc) override { return count(printer_.VisitExit(doc)); }
+    bool VisitEnter(const TiXmlElement& element, const TiXmlAttribute* first) override {
+        return count(printer_.VisitEnter(element, first));
+    }
+    bool VisitExit(const TiXmlElement& element) override { return count(printer_.VisitExit(element)); }
+    bool Visit(const TiXmlDeclaration& declaration) override { return count(printer_.Visit(declaration)); }
+    bool Visit(const TiXmlText& text) override { return count(printer_.Visit(text)); }
+    bool Visit(const TiXmlComment& comment) override { return count(printer_.Visit(comment)); }
+    bool Visit(const TiXmlUnknown& unknown) override { return count(printer_.Visit(unknown)); }
+
+    std::size_t bytes() const { return bytes_; }
+
+  private:
+    bool count(bool goesOn) {
+        std::string& text = textOf(printer_);
+        bytes_ += text.size();
+        text.clear();
+        return goesOn;
+    }
+
+    TiXmlPrinter printer_;
+    std::size_t bytes_ = 0;
+};
 
 } // namespace
 
@@ -60,14 +93,14 @@ TiXmlElement* SetStringValueAtt(TiXmlElement* parent, const char* name, const ch
 std::string GetXmlEncode(TiXmlDocument* doc) {
     TiXmlPrinter printer;
     if (!doc || !print(doc, printer)) return {};
-    return printer.Str();
+    return std::move(textOf(printer));
 }
 
 int GetXmlLength(TiXmlDocument* doc) {
     if (!doc) return -1;
-    TiXmlPrinter printer;
-    if (!print(doc, printer)) return 0;
-    return printer.Size() > INT_MAX ? -1 : static_cast<int>(printer.Size());
+    PrintedLength length;
+    if (!print(doc, length)) return 0;
+    return length.bytes() > INT_MAX ? -1 : static_cast<int>(length.bytes());
 }
 
 std::string ItoString(int value) { return decimal(value); }

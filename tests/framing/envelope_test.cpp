@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sstream>
 #include <tinyxml.h>
 
@@ -220,6 +221,25 @@ TEST(GetXmlLength, IsTheLengthOfTheText) {
     EXPECT_EQ(GetXmlLength(&empty), 0);
 }
 
+TEST(GetXmlLength, IsTheLengthOfTheTextWhateverStandsInIt) {
+    const char* const text = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n"
+                             "<!-- a comment -->\n"
+                             "<!DOCTYPE a>\n"
+                             "<a b=\"1\" c='&quot;'>\n"
+                             "    <d>text</d>\n"
+                             "    <e>\n"
+                             "        <f />\n"
+                             "        two\n"
+                             "        <!--deep-->\n"
+                             "        <![CDATA[<raw>]]>\n"
+                             "    </e>\n"
+                             "</a>\n";
+    const std::unique_ptr<TiXmlDocument, void (*)(TiXmlDocument*)> doc(Decode(text), ReleaseTiXmlDocument);
+    ASSERT_NE(doc, nullptr);
+    EXPECT_EQ(GetXmlLength(doc.get()), 203);
+    EXPECT_EQ(GetXmlEncode(doc.get()), text);
+}
+
 struct RefusesThePrinter : TiXmlDocument {
     bool Accept(TiXmlVisitor*) const override { return false; }
 };
@@ -245,20 +265,21 @@ TEST(GetXmlLength, IsZeroIfTheDocumentRefusesThePrinter) {
     EXPECT_STREQ(doc.RootElement()->Value(), "root");
 }
 
-// Makes the printer's text claim a length, since a text of 2 GiB costs seconds: in libstdc++'s string the
-// size stands behind the pointer, and nothing but size() looks at it here.
-struct Claims : TiXmlDocument {
-    explicit Claims(std::size_t length) : length_(length) {}
+// As if so much stood in the document: a comment of 16 MiB again and again, then a shorter one.
+struct Long : TiXmlDocument {
+    explicit Long(std::size_t length) : length_(length) {}
     bool Accept(TiXmlVisitor* visitor) const override {
-        auto& text = const_cast<std::string&>(static_cast<TiXmlPrinter*>(visitor)->Str());
-        std::memcpy(reinterpret_cast<char*>(&text) + sizeof(char*), &length_, sizeof length_);
-        return text.size() == length_;
+        constexpr std::size_t around = 8, most = std::size_t(1) << 24; // "<!--", "-->" and the line's end
+        TiXmlComment comment(std::string(most - around, 'c').c_str());
+        std::size_t left = length_;
+        for (; left > most; left -= most) visitor->Visit(comment);
+        return visitor->Visit(TiXmlComment(std::string(left - around, 'c').c_str()));
     }
     std::size_t length_;
 };
 
 TEST(GetXmlLength, IsMinusOneForATextLongerThanAnIntCanSay) {
-    Claims longest(INT_MAX), longer(std::size_t{INT_MAX} + 1), far(std::size_t{UINT_MAX} + 6);
+    Long longest(INT_MAX), longer(std::size_t{INT_MAX} + 1), far(std::size_t{UINT_MAX} + 40);
     EXPECT_EQ(GetXmlLength(&longest), INT_MAX);
     Captured captured;
     const int returned[] = {GetXmlLength(&longer), GetXmlLength(&far)};

@@ -58,6 +58,22 @@ TEST(GetXmlEncode, TakesAFewTimesTheTextThatItGives) {
     EXPECT_EQ(faults.text(), "");
 }
 
+// A text is measured without being there: of many elements, deep inside, it would be 200 times what came.
+TEST(GetXmlLength, TakesNoMoreForALongTextThanForAShortOne) {
+    const auto most = [](std::size_t length) {
+        const cost::Family deep = {"", cost::By::scan, cost::usual + cost::times(127, "<b>"), "x<a/>",
+                                   cost::times(127, "</b>")};
+        const Document doc(Decode(deep.text(length).c_str()));
+        EXPECT_NE(doc, nullptr);
+        const heap::Watch watch;
+        EXPECT_GT(GetXmlLength(doc.get()), static_cast<int>(100 * length));
+        return watch.most();
+    };
+    const long few = most(length / 10);
+    EXPECT_EQ(most(length / 2), few);
+    EXPECT_LT(few, 4096);
+}
+
 const char* readBlock(const std::string& block) {
     int error = 7;
     __tagVtRecordParam found =
