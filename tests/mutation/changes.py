@@ -63,6 +63,8 @@ def constants(line, code):
 
 
 def names(line, code):
+    if 'throw "' in line:  # in a constant expression: only a compiler shows it
+        return
     for match in STRING.finditer(line):
         text = match.group()[1:-1]
         if code[match.start()] == '"' and re.search(r'(?<!\\)[A-Za-z]$', text) and not re.search(r'\\x\w+$', text):

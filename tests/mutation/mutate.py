@@ -99,7 +99,8 @@ class Job:
             if path.is_file() and str(path.relative_to(self.tree)) not in wanted:
                 path.unlink()
         configure = ['cmake', '-S', self.tree, '-B', self.build, '-G', 'Ninja', '-DCMAKE_CXX_COMPILER=g++',
-                     '-DCMAKE_BUILD_TYPE=Debug', '-DCMAKE_CXX_FLAGS_DEBUG=-O1', '-DBUILD_TESTING=ON',
+                     # The seed, so that what is built again without a change is the same to the byte.
+                     '-DCMAKE_BUILD_TYPE=Debug', '-DCMAKE_CXX_FLAGS_DEBUG=-O1 -frandom-seed=1', '-DBUILD_TESTING=ON',
                      '-DVELTOPROTOCOL_BUILD_EXAMPLES=OFF', '-DVELTOPROTOCOL_PACKAGE_TESTS=OFF',
                      '-DVELTOPROTOCOL_DISCOVER_TESTS=OFF', '-DVELTOPROTOCOL_PRECOMPILE_TESTS=ON',
                      '-DVELTOPROTOCOL_WARNINGS_AS_ERRORS=OFF']
