@@ -2,6 +2,8 @@
 // are asked for. Each byte of them is 1, which XML has to escape: six bytes are written for it.
 #pragma once
 
+#include "properties/set_buffer.h"
+
 #include <LibVeltoProtocol.h>
 
 #include <cstddef>
@@ -26,7 +28,7 @@ class LongArguments {
         following_ = 0;
         std::tuple<Parameters...> arguments{make(Type<Parameters>())...}; // in their order
         return [=](char* out, int size) mutable {
-            setBuffer(arguments, out, size, std::index_sequence_for<Parameters...>());
+            setBuffer(arguments, out, size);
             return std::apply(encode, arguments);
         };
     }
@@ -34,20 +36,6 @@ class LongArguments {
   private:
     template <class Parameter>
     struct Type {};
-
-    // The size follows the buffer.
-    template <class Arguments, std::size_t... Places>
-    static void setBuffer(Arguments& arguments, char* out, int size, std::index_sequence<Places...>) {
-        bool next = false;
-        const auto set = [&](auto& argument) {
-            using Argument = std::remove_reference_t<decltype(argument)>;
-            if constexpr (std::is_same_v<Argument, int>)
-                if (next) argument = size;
-            next = std::is_same_v<Argument, char*>;
-            if constexpr (std::is_same_v<Argument, char*>) argument = out;
-        };
-        (set(std::get<Places>(arguments)), ...);
-    }
 
     // A text's length or a list's count, where one of them was last; results are 0.
     int make(Type<int>) { return std::exchange(following_, 0); }

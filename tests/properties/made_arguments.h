@@ -3,6 +3,7 @@
 #pragma once
 
 #include "properties/full_records.h"
+#include "properties/set_buffer.h"
 
 #include <LibVeltoProtocol.h>
 
@@ -34,7 +35,7 @@ class MadeArguments {
         previous_ = Previous::other;
         std::tuple<Parameters...> arguments{make(Type<Parameters>())...}; // in their order
         return [=](char* out, int size) mutable {
-            setBuffer(arguments, out, size, std::index_sequence_for<Parameters...>());
+            setBuffer(arguments, out, size);
             return std::apply(encode, arguments);
         };
     }
@@ -54,20 +55,6 @@ class MadeArguments {
     template <class Parameter>
     struct Type {};
     enum class Previous { text, record, other };
-
-    // The size follows the buffer.
-    template <class Arguments, std::size_t... Places>
-    static void setBuffer(Arguments& arguments, char* out, int size, std::index_sequence<Places...>) {
-        bool next = false;
-        const auto set = [&](auto& argument) {
-            using Argument = std::remove_reference_t<decltype(argument)>;
-            if constexpr (std::is_same_v<Argument, int>)
-                if (next) argument = size;
-            next = std::is_same_v<Argument, char*>;
-            if constexpr (std::is_same_v<Argument, char*>) argument = out;
-        };
-        (set(std::get<Places>(arguments)), ...);
-    }
 
     const char* make(Type<const char*>) {
         previous_ = Previous::text;
