@@ -1,10 +1,7 @@
 // Each writer stops at a text field's width: the records of server administration. Flags of theirs are an x
 // as well, and are written as any byte but 0 is.
 #include "properties/full_records.h"
-#include "support/encoded.h"
-#include "support/read_back.h"
-
-#include <initializer_list>
+#include "properties/sent_fields.h"
 
 namespace {
 
@@ -33,19 +30,6 @@ const Carried ofNet = {Carried::byAttributes,
                         {"ucFirmwareVersion", 64}},
                        {"VenderType", "DeviceType", "DevicePort", "RtspPort", "ChannelCount", "nIndex",
                         "PlaybackPort", "res", "ucPlatformType"}};
-
-// The parsed body of what an encoder sends.
-template <class Encode>
-Document sent(const Encode& encode) {
-    return parsed(bodyOf(encoded(encode).bytes));
-}
-
-// The element that these names lead to.
-const TiXmlElement* below(const Document& doc, std::initializer_list<const char*> names) {
-    const TiXmlElement* at = doc->RootElement();
-    for (const char* name : names) at = at ? at->FirstChildElement(name) : nullptr;
-    return at;
-}
 
 // The attributes of an element of flags.
 void expectFlagsSet(const TiXmlElement* element, int count) {

@@ -1,10 +1,8 @@
 // Each writer stops at a text field's width, also in the records of searches, playbacks and pictures.
 #include "properties/full_records.h"
-#include "support/encoded.h"
-#include "support/read_back.h"
+#include "properties/sent_fields.h"
 
 #include <cstring>
-#include <initializer_list>
 
 namespace {
 
@@ -27,28 +25,6 @@ const Carried ofRecordsPicture = {
 const Carried ofPicture = {Carried::byAttributes, {{"guid", 48}, {"PictureUrl", 1032}}, {}};
 const Carried ofIndex = {Carried::byElements, {}, {"Index"}};
 const Carried ofChannel = {Carried::byElements, {{"ChannelGuid", 48}}, {}};
-
-// The parsed body of what an encoder sends.
-template <class Encode>
-Document sent(const Encode& encode) {
-    return parsed(bodyOf(encoded(encode).bytes));
-}
-
-// The element that these names lead to.
-const TiXmlElement* below(const Document& doc, std::initializer_list<const char*> names) {
-    const TiXmlElement* at = doc->RootElement();
-    for (const char* name : names) at = at ? at->FirstChildElement(name) : nullptr;
-    return at;
-}
-
-// Calls check() with each child of this name; there must be so many.
-template <class Check>
-void forEach(const TiXmlElement* parent, const char* name, int count, const Check& check) {
-    ASSERT_NE(parent, nullptr);
-    for (auto* at = parent->FirstChildElement(name); at; at = at->NextSiblingElement(name), --count)
-        check(at);
-    EXPECT_EQ(count, 0);
-}
 
 TEST(TextFields, EndAtTheirWidthInASearchForRecords) {
     FullRecords<__tagVtSearchRecordParam> search;

@@ -1,7 +1,6 @@
 // Each writer stops at a text field's width, also in the records that configure recording.
 #include "properties/full_records.h"
-#include "support/encoded.h"
-#include "support/read_back.h"
+#include "properties/sent_fields.h"
 
 namespace {
 
@@ -37,15 +36,6 @@ Document sent(FullRecords<Record>& full, const Encode& encode, int count) {
     const Record* const records = full.records();
     return parsed(bodyOf(
         encoded([&](char* out, int size) { return encode(records, count, "h", 1u, out, size); }).bytes));
-}
-
-// Calls check() with each child of this name; there must be so many.
-template <class Check>
-void forEach(const TiXmlElement* parent, const char* name, int count, const Check& check) {
-    ASSERT_NE(parent, nullptr);
-    for (auto* at = parent->FirstChildElement(name); at; at = at->NextSiblingElement(name), --count)
-        check(at);
-    EXPECT_EQ(count, 0);
 }
 
 TEST(TextFields, EndAtTheirWidthInARecordingsElement) {

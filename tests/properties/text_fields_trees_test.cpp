@@ -1,7 +1,6 @@
 // Each writer stops at a text field's width, also in the records that hang on others.
 #include "properties/full_records.h"
-#include "support/encoded.h"
-#include "support/read_back.h"
+#include "properties/sent_fields.h"
 
 namespace {
 
@@ -80,19 +79,6 @@ TEST(TextFields, EndAtTheirWidthInWhatIsWrittenToAnElement) {
     expectFull(GetCarouselEncode, ofCarousel);
     expectFull(GetEMapInfoEncode, ofMap);
     expectFull(GetEMapItemParamEncode, ofMapItem);
-}
-
-// The parsed body of what an encoder sends.
-template <class Encode>
-Document sent(const Encode& encode) {
-    return parsed(bodyOf(encoded(encode).bytes));
-}
-
-// The element that these names lead to.
-const TiXmlElement* below(const Document& doc, std::initializer_list<const char*> names) {
-    const TiXmlElement* at = doc->RootElement();
-    for (const char* name : names) at = at ? at->FirstChildElement(name) : nullptr;
-    return at;
 }
 
 TEST(TextFields, EndAtTheirWidthInALayout) {
